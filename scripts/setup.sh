@@ -1,0 +1,183 @@
+#!/usr/bin/env bash
+# setup.sh [--main-suite-only]: installs on Debian 12 everything that the build, the demo and the
+# tests need. Does nothing, quickly, when all of it is there.
+#   --main-suite-only   skip the ordinary installation and go straight to the way out that is
+#                       described at install_from_main_suite
+set -euo pipefail
+
+native_packages=(
+    # build
+    g++ cmake ninja-build git libcli11-dev googletest libgtest-dev libgmock-dev
+    g++-mingw-w64-i686-win32 binutils-mingw-w64-i686 icoutils
+    # checks
+    clang clang-tidy clang-format clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev
+    shellcheck
+    # running the Windows programs
+    wine fonts-wine fonts-liberation xvfb openbox imagemagick xdotool x11-utils locales
+    util-linux procps
+    # end-to-end tests
+    python3 python3-pytest python3-pytest-xdist python3-pytest-timeout python3-pefile
+)
+# The programs are 32-bit, so Wine's 32-bit half is the one that counts.
+i386_packages=(wine32)
+
+say() { printf 'setup: %s\n' "$*"; }
+die() {
+    printf 'setup: %s\n' "$*" >&2
+    exit 1
+}
+
+# Prints what is not installed, one package a line. One call of dpkg-query: apt takes seconds.
+missing_packages() {
+    local installed name native
+    native=$(dpkg --print-architecture)
+    # dpkg-query fails when it does not know a name at all, which only means that it is missing.
+    # shellcheck disable=SC2016 # the ${...} are dpkg-query's
+    installed=$(dpkg-query -W -f '${Package}:${Architecture}=${db:Status-Status}\n' \
+        "${native_packages[@]}" "${i386_packages[@]}" 2>/dev/null || true)
+    installed=$'\n'$installed$'\n'
+    for name in "${native_packages[@]}"; do
+        [[ $installed == *$'\n'"$name:$native=installed"$'\n'* ||
+            $installed == *$'\n'"$name:all=installed"$'\n'* ]] || printf '%s\n' "$name"
+    done
+    for name in "${i386_packages[@]}"; do
+        [[ $installed == *$'\n'"$name:i386=installed"$'\n'* ]] || printf '%s\n' "$name:i386"
+    done
+}
+
+apt() {
+    apt-get -q -y -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 -o Acquire::http::Timeout=30 \
+        "$@" >>"$log" 2>&1 </dev/null
+}
+
+install_packages() { # [apt options] -- packages; never at the price of a package that is there
+    apt install --no-install-recommends --no-remove "$@"
+}
+
+install_ordinarily() {
+    say "reading the package lists"
+    # A suite that cannot be read is reported but need not stop the installation.
+    apt update || say "not every package list could be read; trying with the others"
+    say "installing $# packages (this takes some minutes)"
+    install_packages -- "$@"
+}
+
+# Writes the entries of the system's package sources for the component main of one release, without
+# its updates and security suites, as sources of apt's own two formats into a folder.
+write_main_suite_sources() { # release folder
+    local release=$1 folder=$2 file files=()
+    shopt -s nullglob
+    files=(/etc/apt/sources.list /etc/apt/sources.list.d/*.list)
+    for file in "${files[@]}"; do
+        [[ -r $file ]] || continue
+        awk -v release="$release" '
+            $1 == "deb" {
+                at = 2
+                if ($2 ~ /^\[/) while (at <= NF && $(at++) !~ /\]$/) {}
+                main = 0
+                for (i = at + 2; i <= NF && $i !~ /^#/; i++) if ($i == "main") main = 1
+                if ($(at + 1) != release || !main) next
+                line = "deb"
+                for (i = 2; i <= at; i++) line = line " " $i
+                print line, release, "main"
+            }' "$file" >>"$folder/main.list"
+    done
+    files=(/etc/apt/sources.list.d/*.sources)
+    for file in "${files[@]}"; do
+        awk -v release="$release" '
+            BEGIN { RS = ""; FS = "\n" }
+            function has(name, value,   i, field) {
+                for (i = 1; i <= NF; i++)
+                    if (tolower($i) ~ "^" name ":") {
+                        field = " " tolower(substr($i, length(name) + 2)) " "
+                        gsub(/[ \t]+/, " ", field)
+                        return index(field, " " value " ") > 0
+                    }
+                return 0
+            }
+            has("types", "deb") && has("suites", release) && has("components", "main") &&
+            !has("enabled", "no") {
+                for (i = 1; i <= NF; i++) {
+                    if (tolower($i) ~ /^types:/) $i = "Types: deb"
+                    if (tolower($i) ~ /^suites:/) $i = "Suites: " release
+                    if (tolower($i) ~ /^components:/) $i = "Components: main"
+                    print $i
+                }
+                print ""
+            }' "$file" >>"$folder/main.sources"
+    done
+    [[ -s $folder/main.list || -s $folder/main.sources ]]
+}
+
+# Libraries of two architectures must have the same version. When a mirror's security suite lags
+# behind for i386, the 32-bit libraries that fit the installed 64-bit ones cannot be had, and Wine's
+# 32-bit half cannot be installed. The release's main suite is complete for both, so everything is
+# taken from there, going back to its versions where needed. All of apt's settings for that live in
+# a temporary folder; the system's own configuration and lists stay as they are.
+install_from_main_suite() {
+    local release folder=$work/main-suite
+    # shellcheck source=/dev/null
+    release=$(. /etc/os-release && printf '%s' "${VERSION_CODENAME:-}")
+    [[ -n $release ]] || return 1
+    mkdir -p "$folder/sources" "$folder/lists/partial" "$folder/preferences.d"
+    if ! write_main_suite_sources "$release" "$folder/sources"; then
+        say "the package sources name no main suite of $release"
+        return 1
+    fi
+    printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$release" >"$folder/preferences"
+    local options=(
+        -o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$folder/sources"
+        -o "Dir::Etc::preferences=$folder/preferences"
+        -o "Dir::Etc::preferencesparts=$folder/preferences.d"
+        -o "Dir::State::lists=$folder/lists"
+        -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache=
+    )
+    say "reading the package lists of $release's main suite alone"
+    apt "${options[@]}" update || return 1
+    say "installing $# packages from the main suite"
+    install_packages "${options[@]}" --allow-downgrades -- "$@"
+}
+
+main_suite_only=no
+case ${1:-} in
+    '') ;;
+    --main-suite-only) main_suite_only=yes ;;
+    *) die "unknown argument '$1'; usage: setup.sh [--main-suite-only]" ;;
+esac
+
+if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+    die "needs Debian 12 (no dpkg and apt-get found)"
+fi
+mapfile -t missing < <(missing_packages)
+if ((${#missing[@]} == 0)); then
+    say "everything is installed"
+    exit 0
+fi
+if ((EUID != 0)); then
+    command -v sudo >/dev/null || die "run as root (or install sudo) to install: ${missing[*]}"
+    exec sudo -- "${BASH_SOURCE[0]}" "$@"
+fi
+
+export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+chmod 755 "$work" # apt downloads as a user of its own
+log=$work/apt.log
+: >"$log"
+
+say "missing: ${missing[*]}"
+dpkg --print-foreign-architectures | grep -qx i386 || dpkg --add-architecture i386 ||
+    die "this machine cannot have 32-bit (i386) packages, which Wine needs"
+
+if [[ $main_suite_only == yes ]] || ! install_ordinarily "${missing[@]}"; then
+    [[ $main_suite_only == yes ]] || say "the ordinary installation failed"
+    install_from_main_suite "${missing[@]}" || say "the installation from the main suite failed"
+fi
+
+mapfile -t missing < <(missing_packages)
+if ((${#missing[@]} > 0)); then
+    printf 'setup: the end of what apt said:\n' >&2
+    tail -n 40 "$log" >&2
+    die "could not be installed: ${missing[*]}"
+fi
+say "everything is installed"
