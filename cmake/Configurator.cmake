@@ -1,0 +1,12 @@
+# tarvexcf: the vendor's tool; on Windows tarvexcf.com is its command line.
+if(NOT EXISTS ${CMAKE_SOURCE_DIR}/configurator/main.cpp)
+    return()
+endif()
+if(WIN32)
+    add_executable(tarvexcf configurator/main_win32.cpp)
+    set_target_properties(tarvexcf PROPERTIES SUFFIX .com)
+    target_link_options(tarvexcf PRIVATE -s)
+else()
+    add_executable(tarvexcf configurator/main.cpp)
+endif()
+target_link_libraries(tarvexcf PRIVATE tarvex_configurator tarvex_warnings)
