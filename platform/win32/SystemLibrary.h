@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string_view>
+
+namespace tarvex {
+
+/// A DLL that comes with Windows, loaded from the system folder when the object is made: a file of
+/// the same name beside the program is never taken, and the program's start does not pay for
+/// libraries that it may not need. It stays loaded until the program ends, since windows and
+/// objects made with it may outlive this object. Nothing here raises.
+class SystemLibrary {
+public:
+    /// `name` is the file name, for example "version.dll".
+    explicit SystemLibrary(std::u16string_view name);
+
+    bool Loaded() const { return module_ != nullptr; }
+
+    /// The exported function, null when the library or the function is missing. The type is the
+    /// caller's to know: `library.Function<decltype(VerQueryValueW)>("VerQueryValueW")`.
+    template <class Signature>
+    Signature* Function(const char* name) const {
+        return reinterpret_cast<Signature*>(Address(name));
+    }
+
+private:
+    void* Address(const char* name) const;
+
+    void* module_;
+};
+
+}  // namespace tarvex
