@@ -1,0 +1,61 @@
+#include "tests/e2e/driver/Script.h"
+
+#include "util/Text.h"
+
+namespace tarvex {
+namespace {
+
+std::u16string Unescape(std::u16string_view text) {
+    std::u16string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != u'\\' || i + 1 == text.size()) {
+            result += text[i];
+            continue;
+        }
+        switch (text[++i]) {
+            case u'n':
+                result += u'\n';
+                break;
+            case u'r':
+                result += u'\r';
+                break;
+            case u't':
+                result += u'\t';
+                break;
+            default:
+                result += text[i];
+        }
+    }
+    return result;
+}
+
+}  // namespace
+
+std::vector<Action> ParseScript(std::string_view utf8) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (utf8.starts_with(kByteOrderMark)) {
+        utf8.remove_prefix(kByteOrderMark.size());
+    }
+    const std::u16string script = text::FromUtf8(utf8);
+    std::vector<Action> actions;
+    std::size_t number = 0;
+    for (std::u16string_view line : text::Split(script, u'\n')) {
+        ++number;
+        if (line.ends_with(u'\r')) {
+            line.remove_suffix(1);
+        }
+        if (line.empty() || line.starts_with(u'#')) {
+            continue;
+        }
+        Action action{number, {}, {}};
+        for (const std::u16string_view word : text::Split(line, u'\t')) {
+            action.arguments.push_back(Unescape(word));
+        }
+        action.verb = action.arguments.front();
+        action.arguments.erase(action.arguments.begin());
+        actions.push_back(std::move(action));
+    }
+    return actions;
+}
+
+}  // namespace tarvex

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvex {
+
+/// One line of a driver's script: a word that says what to do, and its arguments, all separated by
+/// tabs, for example "press\tcaption\t&Details".
+struct Action {
+    std::size_t line = 0;  ///< 1-based
+    std::u16string verb;
+    std::vector<std::u16string> arguments;
+};
+
+/// The actions of a script in UTF-8, with or without byte order mark. Empty lines and lines that
+/// start with "#" are left out. "\n", "\r", "\t" and "\\" in an argument stand for the characters.
+std::vector<Action> ParseScript(std::string_view utf8);
+
+}  // namespace tarvex
