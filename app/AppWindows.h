@@ -9,12 +9,12 @@ namespace tarvex {
 /// A log window to show.
 struct DebugWindow {
     std::u16string caption;
-    std::u16string text;          ///< lines end in CR LF
-    std::u16string saveFolder;    ///< initial folder of the save dialog
-    std::u16string saveName;      ///< proposed file name, for example "Kunden.err"
-    std::u16string saveTitle;     ///< title of the save dialog
-    std::u16string saveFilter;    ///< "description|pattern|..." of the save dialog
-    std::int32_t helpContext = 0; ///< 0: none
+    std::u16string text;           ///< lines end in CR LF
+    std::u16string saveFolder;     ///< initial folder of the save dialog
+    std::u16string saveName;       ///< proposed file name, for example "Kunden.err"
+    std::u16string saveTitle;      ///< title of the save dialog
+    std::u16string saveFilter;     ///< "description|pattern|..." of the save dialog
+    std::int32_t helpContext = 0;  ///< 0: none
 };
 
 /// An error box with captions of the program's own.
@@ -25,7 +25,8 @@ struct CaptionBox {
     std::uint32_t style = 0;     ///< icon and default-button flags of the system's message box
 };
 
-/// The launcher's own windows. All are modal: a call returns when the window has closed. None raises.
+/// The launcher's own windows. All are modal: a call returns when the window has closed. None
+/// raises.
 class AppWindows {
 public:
     virtual ~AppWindows() = default;

@@ -1,0 +1,100 @@
+#include "app/Application.h"
+#include "branding/BrandFields.h"
+#include "errors/cuAppErrorFormatter.h"
+#include "util/mShared.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr std::int32_t kMsgCannotRun = 122;
+constexpr std::int32_t kMsgEnd = 125;
+constexpr std::int32_t kMsgDetails = 126;
+constexpr std::int32_t kMsgHelp = 127;
+constexpr std::int32_t kMsgDetailsHeading = 131;
+constexpr std::int32_t kMsgBoxText = 135;
+
+constexpr std::uint32_t kIconStop = 16;
+constexpr std::size_t kDetailsWidth = 90;
+constexpr std::u16string_view kEmptyLine = u"\r\n\r\n";
+
+void RemoveTrailingLineBreaks(std::u16string& text) {
+    while (!text.empty() && (text.back() == u'\n' || text.back() == u'\r')) {
+        text.pop_back();
+    }
+}
+
+}  // namespace
+
+void Application::ErrHandler(const RaisedError& error) {
+    try {
+        const std::u16string report = ErrorReport(error);
+        if (switches_.test) {
+            std::u16string text = Error().MsgLoad(kMsgDetailsHeading, Error().Projectname());
+            AppendWithSeparator(text, report, kEmptyLine);
+            ShowDebugForm(text);
+        } else {
+            ShowErrorBox(report);
+        }
+    } catch (...) {
+        // The user must learn of the failure even when its report cannot be made.
+        parts_.environment.ui.ShowMessageBox(
+            {error.description, Error().Projectname(), kIconStop, {}, -1});
+    }
+}
+
+std::u16string Application::ErrorReport(const RaisedError& error) const {
+    parts_.appError.SetPending(error);
+    std::u16string report =
+        cuAppErrorFormatter::GetFormattedError(parts_.appError, u"Application", u"Init");
+    if (tarvex_ && !tarvex_->DebugLog().empty()) {
+        report.append(kEmptyLine).append(50, u'-').append(kEmptyLine).append(tarvex_->DebugLog());
+    }
+    return report;
+}
+
+void Application::ShowErrorBox(const std::u16string& report) {
+    const std::u16string& project = Error().Projectname();
+
+    CaptionBox box;
+    box.text = Error().MsgLoad(kMsgBoxText, Error().MsgLoad(kMsgCannotRun, project),
+                               FieldOrEmpty(kFieldErrBoxText));
+    RemoveTrailingLineBreaks(box.text);
+    box.title = project;
+    box.style = kIconStop;
+    box.captions[0] = Error().MsgLoad(kMsgEnd);
+    box.captions[1] = Error().MsgLoad(kMsgDetails);
+    if (HasHelp()) {
+        box.captions[2] = Error().MsgLoad(kMsgHelp);
+    }
+
+    std::u16string details = Error().MsgLoad(kMsgDetailsHeading, project);
+    AppendWithSeparator(
+        details, cuAppErrorFormatter::WordWrap(FieldOrEmpty(kFieldErrDebugText), kDetailsWidth),
+        kEmptyLine, true);
+    AppendWithSeparator(details, report, kEmptyLine);
+
+    for (;;) {
+        parts_.environment.ui.SetPointerDefault();
+        const int answer = parts_.windows.ShowCaptionBox(box);
+        if (answer == 2) {
+            ShowDebugForm(details);
+            return;
+        }
+        // Without a help button the third answer means that the box was closed otherwise.
+        if (answer != 3 || !HasHelp()) {
+            return;
+        }
+        parts_.windows.ShowHelp(Error().HelpFile(), *helpContext_);
+    }
+}
+
+std::u16string Application::FieldOrEmpty(int field) const noexcept {
+    try {
+        return settings_.Value(field);
+    } catch (...) {
+        return {};
+    }
+}
+
+}  // namespace tarvex

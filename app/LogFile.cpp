@@ -1,0 +1,21 @@
+#include "app/LogFile.h"
+
+#include "launch/PathHelpers.h"
+
+namespace tarvex {
+
+std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view extension) {
+    return AddSep(program.folder) + program.exeName + std::u16string(extension);
+}
+
+LogFile::LogFile(FileSystem& files, const Clock& clock, const TextCodec& codec,
+                 const ProgramInfo& program)
+    : files_(files), clock_(clock), codec_(codec), path_(CompanionPath(program, u".log")) {}
+
+void LogFile::Append(std::u16string_view entry) {
+    std::u16string lines = u"[" + clock_.GeneralDateTime() + u"]\r\n";
+    lines.append(entry).append(u"\r\n\r\n");
+    files_.Append(path_, codec_.ToAnsi(lines));
+}
+
+}  // namespace tarvex
