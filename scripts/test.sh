@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Set-up, build and every test of the project. Ends with the count of tests; exit code 0 only when
+# all have passed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+root=$PWD
+
+./scripts/setup.sh
+./scripts/build.sh
+
+results=build/results
+rm -rf "$results"
+mkdir -p "$results"
+passed=0
+failed=0
+skipped=0
+
+# Adds the counts of a JUnit file to the totals.
+count() {
+    local file=$1 tests fails skips
+    read -r tests fails skips < <(python3 scripts/lib/junit-counts.py "$file")
+    passed=$((passed + tests - fails - skips))
+    failed=$((failed + fails))
+    skipped=$((skipped + skips))
+}
+
+# Runs one group of tests and goes on when it fails, so that one run shows every failure.
+group() {
+    local name=$1 code=0
+    shift
+    echo "== Tests: $name"
+    "$@" || code=$?
+    if [ "$code" -ne 0 ]; then
+        echo "== FAILED: $name (exit code $code)"
+        status=1
+    fi
+}
+
+check() {
+    local name=$1
+    shift
+    echo "== Check: $name"
+    if "$@"; then
+        passed=$((passed + 1))
+    else
+        echo "== FAILED: $name"
+        failed=$((failed + 1))
+        status=1
+    fi
+}
+
+status=0
+check "format" ./scripts/check-format.sh
+check "shell scripts" ./scripts/check-shell.sh
+
+echo "== Build: native tests with sanitizers"
+cmake --preset linux-asan >/dev/null
+cmake --build --preset linux-asan
+group "native, address and undefined-behaviour sanitizers" \
+    ctest --preset linux-asan -j2 --quiet --output-junit "$root/$results/native.xml"
+count "$results/native.xml"
+
+check "clang-tidy" ./scripts/check-tidy.sh
+
+echo "== Build: tests for Windows"
+cmake --build --preset win32
+group "cross-compiled, under Wine" \
+    ./scripts/wine-session \
+    ctest --preset win32 -j2 --quiet --output-junit "$root/$results/wine.xml"
+count "$results/wine.xml"
+
+export TARVEX_WIN32_DIST=$root/dist/win32
+export TARVEX_LINUX_DIST=$root/dist/linux
+export TARVEX_E2E_BIN=$root/build/win32/e2e
+group "end to end" \
+    ./scripts/wine-session \
+    /usr/bin/python3 -m pytest tests/e2e -q -n 2 --dist loadgroup -p no:cacheprovider \
+    --junitxml "$root/$results/e2e.xml"
+count "$results/e2e.xml"
+
+echo "$passed passed, $failed failed, $skipped skipped"
+exit "$status"
