@@ -15,7 +15,9 @@
 wine_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # A fresh prefix takes Wine ten seconds, a copy of one less than two. The template is kept here.
 wine_cache=${TARVEX_WINE_CACHE:-$wine_root/build/wine}
-wine_seconds_to_linger=600
+# A Wine server lingers after its last program, so that the next one finds it, but not for ever, so
+# that none stays when nobody could end it.
+wine_linger_seconds=600
 
 wine_session_folder=
 wine_session_display=
@@ -63,45 +65,53 @@ wine_quietly() { # seconds log what command ...
     esac
 }
 
-# Prints what Wine's programs need in their environment, as lines for env.
-wine_environment() { # folder with prefix/ and locale/
+# Below, a folder is that of one prefix and what belongs to it: prefix/, locale/, tmp/, wine.log.
+
+# Prints what Wine's programs need in their environment, as lines for env. TMPDIR is part of it:
+# programs find their server in a folder there whose name the prefix remembers.
+wine_environment() { # folder
     printf '%s\n' \
         "WINEPREFIX=$1/prefix" WINEARCH=win32 WINEDEBUG=-all \
         'WINEDLLOVERRIDES=mscoree=;mshtml=;winemenubuilder.exe=d' \
-        "LOCPATH=$1/locale" LANG=de_DE.UTF-8 LC_ALL=de_DE.UTF-8 LANGUAGE=
+        "LOCPATH=$1/locale" LANG=de_DE.UTF-8 LC_ALL=de_DE.UTF-8 LANGUAGE= \
+        "TMPDIR=$1/tmp"
+}
+
+# Takes that environment for the calling (sub)shell.
+wine_enter() { # folder
+    local environment
+    mapfile -t environment < <(wine_environment "$1")
+    unset DISPLAY
+    # bash itself looks for the locale where it is not and warns.
+    export "${environment[@]}" 2>/dev/null
 }
 
 # Starts the Wine server of the prefix in the environment unless it runs. It must run before the
-# first program does: a program that has to start it hands its standard output on to it. The server
-# lingers after its last program but not for ever, so that nothing stays when nobody could end it.
-wine_server_start() { # log
-    local log=$1
-    [[ -d $WINEPREFIX ]] || wine_fail "the prefix $WINEPREFIX is gone" || return 1
+# first program does: a program that has to start it hands its standard output on to it.
+wine_server_start() { # folder, entered before
+    local folder=$1 log=$1/wine.log
+    [[ -d $folder/prefix ]] || wine_fail "the prefix $folder/prefix is gone" || return 1
     (
         # Several programs may be started at once. Nothing that is started may inherit the lock.
-        flock -w 120 9 || wine_fail "waited 120 seconds for another start of Wine" || exit 1
-        wineserver -k0 2>/dev/null && exit 0
-        exec 8>&9 9>&-
-        # 8 holds the lock while the group runs and is closed for all that it starts.
-        {
+        flock -w 240 9 || wine_fail "waited 240 seconds for another start of Wine" || exit 1
+        wineserver -k0 2>/dev/null || {
             wine_quietly 20 "$log" "starting the Wine server" \
-                wineserver "-p$wine_seconds_to_linger" &&
+                wineserver "-p$wine_linger_seconds" &&
                 wine_quietly 180 "$log" "starting Wine" wine wineboot
-        } 8>&-
-    ) 9>"$WINEPREFIX.lock"
+        } 9>&-
+    ) 9>"$folder/lock"
 }
 
-wine_server_stop() { # log; the prefix is the environment's
-    local log=$1
+wine_server_stop() { # folder
+    local log=$1/wine.log
+    local -x WINEPREFIX=$1/prefix TMPDIR=$1/tmp
     wineserver -k >>"$log" 2>&1 || true # fails when none runs
-    timeout 20 wineserver -w >>"$log" 2>&1 || {
+    timeout -k 5 20 wineserver -w >>"$log" 2>&1 || {
         wineserver -k9 >>"$log" 2>&1 || true
-        wine_fail "waited 20 seconds for the Wine server to end; it was killed"
+        wine_fail "waited 20 seconds for the Wine server to end; it was killed" || true
     }
-    # The server leaves the folder of its socket behind, named for the prefix's device and inode.
-    local device inode
-    read -r device inode < <(stat -c '%d %i' "$WINEPREFIX") || return 0
-    rm -rf "/tmp/.wine-$EUID/$(printf 'server-%x-%x' "$device" "$inode")"
+    # Nobody else removes the folder of its socket; a copy of the prefix must not look for it.
+    rm -rf "$WINEPREFIX/wineserver" "$1"/tmp/wine-*
 }
 
 wine_registry_add() { # log key name type data
@@ -110,27 +120,23 @@ wine_registry_add() { # log key name type data
 
 # Makes a prefix with the user's settings that tests and demo rely on, and the German locale.
 wine_template_fill() { # folder
-    local folder=$1 log=$1/log link
-    mkdir -p "$folder/prefix" "$folder/locale"
+    local folder=$1 log=$1/wine.log link
+    mkdir -p "$folder/prefix" "$folder/locale" "$folder/tmp" || return 1
     # Without a locale that exists Wine loses the umlauts of command lines. A private one needs no
     # root. localedef warns about some characters and then returns 1.
     localedef -i de_DE -f UTF-8 "$folder/locale/de_DE.UTF-8" >"$log" 2>&1 || true
     [[ -f $folder/locale/de_DE.UTF-8/LC_CTYPE ]] ||
         wine_fail "localedef could not make de_DE.UTF-8: $(tail -n 1 "$log")" || return 1
     (
-        mapfile -t environment < <(wine_environment "$folder")
-        export "${environment[@]}"
-        unset DISPLAY
-        wine_server_start "$log" || exit 1
+        wine_enter "$folder"
+        trap 'wine_server_stop "$folder"' EXIT
         international='HKCU\Control Panel\International'
-        # A crashed program would else wait for somebody to close a dialog.
-        wine_registry_add "$log" 'HKCU\Software\Wine\WineDbg' ShowCrashDialog REG_DWORD 0 &&
+        wine_server_start "$folder" &&
+            # A crashed program would else wait for somebody to close a dialog.
+            wine_registry_add "$log" 'HKCU\Software\Wine\WineDbg' ShowCrashDialog REG_DWORD 0 &&
             # Wine's own German short date is d.M.yyyy, which Windows' is not.
             wine_registry_add "$log" "$international" sShortDate REG_SZ dd.MM.yyyy &&
             wine_registry_add "$log" "$international" sTimeFormat REG_SZ HH:mm:ss
-        code=$?
-        wine_server_stop "$log"
-        exit $code
     ) || return 1
     # Wine links the folders of its user to those in the home folder, which are not ours to write.
     while IFS= read -r link; do
@@ -138,35 +144,71 @@ wine_template_fill() { # folder
     done < <(find "$folder/prefix/drive_c/users" -type l)
 }
 
-# Prints the folder of the template, made when it is missing or of another Wine or script.
-wine_template() {
-    local key folder
-    wine_need wine wineserver localedef flock || return 1
-    key=$({
+# Prints what a prefix depends on, as a number: Wine, this script and the user, whose name is the
+# name of a folder in the prefix.
+wine_cache_key() {
+    {
         wine --version
-        id -un # the name of a folder in the prefix
+        id -un
         cat "${BASH_SOURCE[0]}"
-    } | cksum)
-    folder=$wine_cache/template-${key%% *}
+    } | cksum | cut -d ' ' -f 1
+}
+
+# Removes the folders of the cache that another Wine or script made, or that were not completed.
+wine_cache_drop() { # name without the key
+    local folder
+    for folder in "$1"-*; do
+        [[ ! -d $folder/prefix ]] || wine_server_stop "$folder" || true
+        [[ ! -d $folder ]] || rm -rf "$folder" "$folder.lock"
+    done
+}
+
+# Runs a command that makes a folder of the cache, unless the folder is there. It is made under
+# another name and renamed when it is complete; only one run at a time makes one.
+wine_cache_make() { # folder command ...; the command gets the name to use as its last argument
+    local folder=$1
+    shift
+    [[ ! -d $folder ]] || return 0
     mkdir -p "$wine_cache" || return 1
     (
         flock -w 300 9 || wine_fail "waited 300 seconds for another run to make a prefix" || exit 1
-        exec 8>&9 9>&-
-        if [[ ! -d $folder ]]; then
-            {
-                rm -rf "$wine_cache"/template-*
-                wine_template_fill "$folder.part" && mv "$folder.part" "$folder"
-            } 8>&-
-        fi
-    ) 9>"$wine_cache/lock" >&2 || return 1
-    printf '%s\n' "$folder"
+        [[ -d $folder ]] || {
+            wine_cache_drop "${folder%-*}"
+            "$@" "$folder.part" && mv "$folder.part" "$folder"
+        } 9>&-
+    ) 9>"$folder.lock"
 }
 
+# Copies the template, which is made when it is missing.
 wine_copy_template() { # folder
     local template
-    template=$(wine_template) || return 1
-    mkdir -p "$1" && cp -a --reflink=auto "$template/prefix" "$template/locale" "$1" ||
+    wine_need localedef flock || return 1
+    template=$wine_cache/template-$(wine_cache_key)
+    wine_cache_make "$template" wine_template_fill || return 1
+    mkdir -p "$1" || return 1
+    cp -a --reflink=auto "$template"/{prefix,locale,tmp} "$1" ||
         wine_fail "the prefix could not be copied to $1"
+}
+
+# Makes the prefix for programs that are run outside a session. Windows work without a display with
+# Wine's null driver, which a server takes when it starts.
+wine_standing_fill() { # folder
+    local folder=$1
+    wine_copy_template "$folder" || return 1
+    (
+        wine_enter "$folder"
+        trap 'wine_server_stop "$folder"' EXIT
+        wine_server_start "$folder" &&
+            wine_registry_add "$folder/wine.log" 'HKCU\Software\Wine\Drivers' Graphics REG_SZ null
+    )
+}
+
+# Prints the folder of the prefix for programs that are run outside a session.
+wine_standing() {
+    local folder
+    folder=$wine_cache/standing-$(wine_cache_key)
+    wine_cache_make "$folder" wine_standing_fill || return 1
+    printf '%s\n' "$folder"
 }
 
 wine_display_start() { # sets wine_session_display
@@ -178,7 +220,7 @@ wine_display_start() { # sets wine_session_display
     wine_wait 30 "the X server" $! test -s "$folder/display" || return 1
     wine_session_display=:$(<"$folder/display")
     # The configuration is named so that the one of the user's desktop is not taken.
-    DISPLAY=$wine_session_display setsid openbox --sm-disable \
+    DISPLAY=$wine_session_display XDG_CACHE_HOME=$folder/tmp setsid openbox --sm-disable \
         --config-file /etc/xdg/openbox/rc.xml >"$folder/openbox.log" 2>&1 </dev/null &
     wine_session_processes+=($!)
     wine_wait 30 "the window manager" $! wine_window_manager_runs
@@ -186,6 +228,15 @@ wine_display_start() { # sets wine_session_display
 
 wine_window_manager_runs() {
     xprop -display "$wine_session_display" -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
+}
+
+wine_session_open() {
+    wine_display_start && wine_copy_template "$wine_session_folder" || return 1
+    (
+        wine_enter "$wine_session_folder"
+        export DISPLAY=$wine_session_display
+        wine_server_start "$wine_session_folder"
+    )
 }
 
 wine_session_start() {
@@ -196,16 +247,9 @@ wine_session_start() {
     trap 'exit 143' TERM
     trap 'wine_session_stop || true' EXIT
     wine_session_folder=$(mktemp -d "${TMPDIR:-/tmp}/tarvex-wine.XXXXXX") || return 1
-    mkdir "$wine_session_folder/tmp"
-    wine_display_start && wine_copy_template "$wine_session_folder" &&
-        (
-            mapfile -t environment < <(wine_environment "$wine_session_folder")
-            export "${environment[@]}" DISPLAY="$wine_session_display"
-            wine_server_start "$wine_session_folder/wine.log"
-        ) || {
-        wine_session_stop
-        return 1
-    }
+    wine_session_open && return 0
+    wine_session_stop
+    return 1
 }
 
 # The command gets a process group of its own, so that all of it can be ended, and runs in the
@@ -216,20 +260,22 @@ wine_session_run() { # command ...
     mapfile -t environment < <(wine_environment "$wine_session_folder")
     # --default-signal: commands in the background of a script ignore Ctrl-C, and so would tests.
     setsid env --default-signal=INT,QUIT "${environment[@]}" DISPLAY="$wine_session_display" \
-        TMPDIR="$wine_session_folder/tmp" TARVEX_WINE_SESSION="$wine_session_folder" \
+        TARVEX_WINE_SESSION="$wine_session_folder" \
         "$@" </dev/null &
     wine_session_command=$!
     wait "$wine_session_command" || code=$?
+    wine_end_group "what the command left running" "$wine_session_command"
     wine_session_command=
     return "$code"
 }
 
-wine_process_ended() { ! kill -0 -- "$1"; }
+# Processes that ended but that nobody asked about, as in a container without an init, do not count.
+wine_group_ended() { ! pgrep -g "$1" -r D,R,S,T; }
 
-# Ends a process or, given as a negative number, a process group.
-wine_end_process() { # seconds what id
-    kill -TERM -- "$3" 2>/dev/null || return 0
-    wine_wait "$1" "the end of $2" 0 wine_process_ended "$3" || kill -KILL -- "$3" 2>/dev/null
+wine_end_group() { # what process-group
+    ! wine_group_ended "$2" >/dev/null || return 0
+    kill -TERM -- "-$2" 2>/dev/null || return 0
+    wine_wait 10 "the end of $1" 0 wine_group_ended "$2" || kill -KILL -- "-$2" 2>/dev/null || true
 }
 
 wine_session_stop() {
@@ -237,14 +283,14 @@ wine_session_stop() {
     trap '' HUP INT TERM # a second Ctrl-C must not leave half of it
     local folder=$wine_session_folder i
     if [[ -n $wine_session_command ]]; then
-        wine_end_process 10 "the command" "-$wine_session_command" || true
+        wine_end_group "the command" "$wine_session_command"
         wine_session_command=
     fi
     if [[ -d $folder/prefix ]]; then
-        WINEPREFIX=$folder/prefix wine_server_stop "$folder/wine.log" || true
+        wine_server_stop "$folder" || true
     fi
     for ((i = ${#wine_session_processes[@]} - 1; i >= 0; i--)); do
-        wine_end_process 10 "the X display" "${wine_session_processes[i]}" || true
+        wine_end_group "the X display" "${wine_session_processes[i]}"
     done
     wait "${wine_session_processes[@]}" 2>/dev/null || true
     rm -rf "$folder" || wine_fail "$folder could not be removed" || true
