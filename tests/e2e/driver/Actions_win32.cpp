@@ -63,25 +63,36 @@ void Driver::Start(const Action& action) {
 }
 
 void Driver::AwaitWindow(const Action& action) {
+    WindowHandle found = nullptr;
+    Wait(
+        u"a window: " + Describe(action),
+        [&] {
+            found = FindWindowFor(action);
+            return found != nullptr;
+        },
+        2);
+    MakeCurrent(found);
     json_.Key("window");
-    WriteJson(json_, ReadWindow(WaitForWindow(action)));
+    WriteJson(json_, ReadWindow(found));
 }
 
 void Driver::AwaitSettledWindow(const Action& action) {
-    const WindowHandle window = WaitForWindow(action);
-    Window seen = ReadWindow(window);
+    Window seen;
     DWORD since = GetTickCount();
     Wait(
-        u"the content of a window to settle",
+        u"a window whose content has settled: " + Describe(action),
         [&] {
-            Window now = ReadWindow(window);
+            // Looked up every time: it may close or be covered by a dialog meanwhile.
+            const WindowHandle window = FindWindowFor(action);
+            Window now = window == nullptr ? Window{} : ReadWindow(window);
             if (now != seen) {
                 seen = std::move(now);
                 since = GetTickCount();
             }
-            return GetTickCount() - since >= kSettledMs;
+            return seen.handle != nullptr && GetTickCount() - since >= kSettledMs;
         },
         20);
+    MakeCurrent(seen.handle);
     json_.Key("window");
     WriteJson(json_, seen);
 }

@@ -54,7 +54,7 @@ private:
     void AwaitFile(const Action& action);
 
     WindowHandle FindWindowFor(const Action& action) const;
-    WindowHandle WaitForWindow(const Action& action);
+    void MakeCurrent(WindowHandle window);
     Control FindControl(const std::function<bool(const Control&)>& matches,
                         const std::u16string& what) const;
     Control ControlWithId(const std::u16string& id) const;

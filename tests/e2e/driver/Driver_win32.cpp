@@ -21,14 +21,6 @@ std::int64_t CounterFrequency() {
     return frequency.QuadPart;
 }
 
-std::u16string Join(const Action& action) {
-    std::u16string line = action.verb;
-    for (const std::u16string& argument : action.arguments) {
-        line += u' ' + argument;
-    }
-    return line;
-}
-
 }  // namespace
 
 bool Driver::Run(const std::vector<Action>& script) {
@@ -133,18 +125,9 @@ WindowHandle Driver::FindWindowFor(const Action& action) const {
     return nullptr;
 }
 
-WindowHandle Driver::WaitForWindow(const Action& action) {
-    WindowHandle found = nullptr;
-    Wait(
-        u"a window: " + Join(action),
-        [this, &action, &found] {
-            found = FindWindowFor(action);
-            return found != nullptr;
-        },
-        2);
-    current_ = found;
-    known_.push_back(found);
-    return found;
+void Driver::MakeCurrent(WindowHandle window) {
+    current_ = window;
+    known_.push_back(window);
 }
 
 WindowHandle Driver::Current() const {

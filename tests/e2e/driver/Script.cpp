@@ -58,4 +58,12 @@ std::vector<Action> ParseScript(std::string_view utf8) {
     return actions;
 }
 
+std::u16string Describe(const Action& action) {
+    std::u16string line = action.verb;
+    for (const std::u16string& argument : action.arguments) {
+        line += u' ' + argument;
+    }
+    return line;
+}
+
 }  // namespace tarvex

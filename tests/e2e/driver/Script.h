@@ -19,4 +19,7 @@ struct Action {
 /// start with "#" are left out. "\n", "\r", "\t" and "\\" in an argument stand for the characters.
 std::vector<Action> ParseScript(std::string_view utf8);
 
+/// The action as one line for people.
+std::u16string Describe(const Action& action);
+
 }  // namespace tarvex
