@@ -126,8 +126,9 @@ public:
 private:
     BinaryFile& File() const;
     BrandState FileState() const;
-    void RequireFileMode(std::u16string_view description = u"Falscher Modus.") const;
-    void DetermineState(std::int32_t errorNumber, std::u16string_view description);
+    void RequireFileMode() const;
+    bool DetermineState();
+    void RequireIdentifier();
     void LoadBlocks();
     void AddRow(const BrandRow& row, bool verify, bool readValues);
     bool HeaderStandsBefore(const cuBranding& item) const;

@@ -35,6 +35,7 @@ private:
 
     void ClearDirty() { dirty_ = false; }
 
+    std::int32_t key_ = 0;  ///< under which its collection finds it, whatever the index becomes
     std::int32_t index_ = 0;
     std::u16string name_;
     std::int32_t numChars_ = 0;

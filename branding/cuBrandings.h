@@ -45,6 +45,10 @@ public:
     const_iterator end() const { return items_.end(); }
 
 private:
+    /// Where the item of that number is; the end when there is none.
+    const_iterator Position(std::int32_t number) const;
+
+    /// The same, raising runtime error 5 when there is none.
     const_iterator Find(std::int32_t number) const;
 
     std::list<cuBranding> items_;

@@ -50,7 +50,7 @@ public:
     std::u16string DebugInfo(const VersionResource& versions) const;
 
 private:
-    std::u16string ReportLine(const cuBranding& item) const;
+    std::u16string ExecutablePath() const;
 
     const BrandConstants& constants_;
     cuAppError& appError_;

@@ -20,6 +20,7 @@ public:
 
     std::vector<std::u16string> Marks() const override { return marks; }
     std::u16string Marker() const override { return marker; }
+    std::u16string BrandedMarker() const override { return u"@#BRANDED1#@"; }
 
     std::vector<std::u16string> marks;
     std::u16string marker = u"@#BRANDED1#@";

@@ -1,0 +1,116 @@
+#include "branding/pSettings.h"
+
+#include "branding/BrandFields.h"
+#include "branding/Scrambling.h"
+#include "errors/RaisedError.h"
+#include "errors/cuAppError.h"
+#include "launch/PathHelpers.h"
+#include "launch/cuTarvex.h"
+#include "util/Text.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr std::int32_t kMsgNotBranded = 117;
+
+/// Key list fields of one kind of list.
+struct ListFields {
+    std::int32_t first;
+    std::int32_t last;
+    std::int32_t kind;
+};
+
+constexpr ListFields kListFields[] = {
+    {kFieldAccRegList01, kFieldAccRegList10, 0},
+    {kFieldDBRegList01, kFieldDBRegList10, 1},
+    {kFieldSysDBRegList01, kFieldSysDBRegList10, 2},
+};
+
+}  // namespace
+
+pSettings::pSettings(const BrandConstants& constants, cuAppError& appError,
+                     const LaunchEnvironment& environment)
+    : constants_(constants),
+      appError_(appError),
+      environment_(environment),
+      brand_(std::make_unique<cuBrand>(nullptr, &constants_)) {}
+
+pSettings::~pSettings() = default;
+
+void pSettings::LoadSettings() {
+    AtPlace(u"pSettings: LoadSettings", [&] {
+        brand_ = std::make_unique<cuBrand>(nullptr, &constants_);
+        brand_->SetMode(BrandMode::Constants);
+        brand_->LoadFomConstants(constants_.Marks());
+        if (brand_->BrandInformation() != BrandState::Branded) {
+            appError_.RaiseMessage(kMsgNotBranded, ExecutablePath());
+        }
+        for (cuBranding& item : brand_->Brandings()) {
+            item.SetValue(ScrambleBrandValue(item.Value(), environment_.settingsCodec));
+        }
+        if (std::u16string appName = Value(kFieldAppName); !appName.empty()) {
+            appError_.SetAppName(std::move(appName));
+        }
+    });
+}
+
+std::u16string pSettings::Value(std::int32_t field, std::u16string_view defaultValue) const {
+    return AtPlace(u"pSettings: Value", [&] {
+        const cuBrandings& brandings = brand_->Brandings();
+        const std::u16string_view value = brandings.Count() == 0
+                                              ? std::u16string_view()
+                                              : text::Trim(brandings.Item(field).Value());
+        return std::u16string(value.empty() ? defaultValue : value);
+    });
+}
+
+bool pSettings::Flag(std::int32_t field) const {
+    return text::EqualsIgnoreCase(Value(field), u"1");
+}
+
+std::unique_ptr<cuTarvex> pSettings::InitTarvex() const {
+    return AtPlace(u"pSettings: InitTarvex", [&] {
+        auto tarvex = std::make_unique<cuTarvex>(environment_);
+        BuildRegLists(*tarvex);
+        tarvex->SetAccPath(Value(kFieldAccPath));
+        tarvex->SetDBFilename(Value(kFieldDBFilename));
+        tarvex->SetDBPath(Value(kFieldDBPath));
+        tarvex->SetOptionExclusive(Flag(kFieldExclusive));
+        tarvex->SetOptionRuntime(Flag(kFieldRuntime));
+        tarvex->SetOptionDecompile(Flag(kFieldDecompile));
+        tarvex->SetSystemDBFilename(Value(kFieldSysDBFilename));
+        tarvex->SetSystemDBPath(Value(kFieldSysDBPath));
+        if (const std::u16string user = Value(kFieldUser); !user.empty()) {
+            tarvex->SetSystemDBUser(DecodeNumberList(user, environment_.settingsCodec));
+        }
+        if (const std::u16string password = Value(kFieldPwd); !password.empty()) {
+            tarvex->SetSystemDBPwd(DecodeNumberList(password, environment_.settingsCodec));
+        }
+        tarvex->SetOptionCompact(Flag(kFieldCompact));
+        tarvex->SetOptionNoStartup(Flag(kFieldNoStartup));
+        tarvex->SetOptionReadOnly(Flag(kFieldReadOnly));
+        tarvex->SetOptionRepair(Flag(kFieldRepair));
+        tarvex->SetCmd(Value(kFieldCmd));
+        tarvex->SetMacro(Value(kFieldMacro));
+        tarvex->SetProfile(Value(kFieldProfile));
+        return tarvex;
+    });
+}
+
+void pSettings::BuildRegLists(cuTarvex& tarvex) const {
+    AtPlace(u"pSettings: BuildRegLists", [&] {
+        for (const ListFields& fields : kListFields) {
+            for (std::int32_t field = fields.first; field <= fields.last; ++field) {
+                tarvex.RegListAdd(fields.kind, Value(field));
+            }
+        }
+    });
+}
+
+std::u16string pSettings::ExecutablePath() const {
+    const ProgramInfo& program = environment_.program;
+    return JoinPath(program.folder, program.exeName + u".exe");
+}
+
+}  // namespace tarvex
