@@ -12,4 +12,8 @@
 #define ID_DEBUG_CLOSE 102
 #define ID_DEBUG_SELECTALL 103
 
+/* Controls of the log window: the text, and the line that a failed save shows below it. */
+#define IDC_TXTDEBUG 1000
+#define IDC_DEBUG_NOTICE 1001
+
 #endif

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/AppWindows.h"
+#include "errors/cuAppError.h"
+#include "platform/CommonDialogs.h"
+#include "platform/FileSystem.h"
+#include "platform/TextCodec.h"
+#include "platform/Ui.h"
+
+namespace tarvex {
+
+/// What the log window works with. It refers to objects that outlive the window.
+struct DebugServices {
+    CommonDialogs& dialogs;
+    FileSystem& files;
+    const TextCodec& ansi;
+    Ui& ui;
+    const cuAppError& error;  ///< names the help file that F1 opens
+    AppWindows& windows;      ///< shows it
+};
+
+/// The log window: a text in a fixed-pitch font that can be read, copied and saved.
+class frmDebug {
+public:
+    /// Shows the window and returns when the user has closed it. A zero character in the text is
+    /// shown, and saved, as a blank.
+    static void ShowModal(const DebugWindow& content, const DebugServices& services);
+};
+
+}  // namespace tarvex

@@ -1,0 +1,219 @@
+#include "app/frmDebug.h"
+
+#include <algorithm>
+
+#include "platform/win32/Dpi.h"
+#include "platform/win32/Handles.h"
+#include "platform/win32/ModalWindow.h"
+#include "platform/win32/WideText.h"
+#include "resources/ResourceIds.h"
+#include "util/QvFileDialog.h"
+
+namespace tarvex {
+
+namespace {
+
+using UniqueFont = UniqueHandle<HFONT, DeleteObject>;
+
+constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, from Windows 8.1 on
+constexpr int kPointSize = 10;
+constexpr SIZE kSize = {880, 560};  // at kNormalDpi: lines of 100 characters fit
+
+UniqueFont FixedFont(int dpi) {
+    return UniqueFont(CreateFontW(-MulDiv(kPointSize, dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
+                                  FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                                  DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, L"Courier New"));
+}
+
+UniqueFont NoticeFont(int dpi) {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof(metrics);
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
+    LOGFONTW& font = metrics.lfMessageFont;
+    font.lfHeight = MulDiv(font.lfHeight, dpi, SystemDpi());
+    return UniqueFont(CreateFontIndirectW(&font));
+}
+
+class DebugForm : public ModalWindow {
+public:
+    DebugForm(const DebugWindow& content, const DebugServices& services)
+        : content_(content), services_(services), text_(content.text) {
+        // The edit control takes a zero for the end of the text.
+        std::replace(text_.begin(), text_.end(), u'\0', u' ');
+    }
+
+    void ShowModal() {
+        const HINSTANCE program = GetModuleHandleW(nullptr);
+        const RECT area = WorkAreaAtPointer();
+        const int dpi = SystemDpi();
+        const SIZE size = {std::min<LONG>(Scaled(kSize.cx, dpi), area.right - area.left),
+                           std::min<LONG>(Scaled(kSize.cy, dpi), area.bottom - area.top)};
+        const HMENU menu = LoadMenuW(program, MAKEINTRESOURCEW(IDR_DEBUG));
+        if (Create({L"frmDebug", content_.caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                    Centred(size, area), menu})) {
+            RunUntilClosed(LoadAcceleratorsW(program, MAKEINTRESOURCEW(IDR_DEBUG)));
+        } else if (menu != nullptr) {
+            DestroyMenu(menu);
+        }
+    }
+
+protected:
+    LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override {
+        switch (message) {
+            case WM_CREATE:
+                return CreateControls() ? 0 : -1;
+            case WM_SIZE:
+                PlaceControls();
+                return 0;
+            case WM_SETFOCUS:
+                SetFocus(edit_);
+                return 0;
+            case WM_CTLCOLORSTATIC:
+                return reinterpret_cast<LRESULT>(
+                    Background(reinterpret_cast<HDC>(first), reinterpret_cast<HWND>(second)));
+            case WM_COMMAND:
+                return OnCommand(LOWORD(first)) ? 0
+                                                : ModalWindow::OnMessage(message, first, second);
+            case WM_HELP:
+                ShowHelp();
+                return TRUE;
+            case kDpiChanged:
+                OnDpiChanged(LOWORD(first), *reinterpret_cast<const RECT*>(second));
+                return 0;
+            default:
+                return ModalWindow::OnMessage(message, first, second);
+        }
+    }
+
+private:
+    bool CreateControls() {
+        edit_ = CreateControl(L"EDIT",
+                              WS_VISIBLE | WS_HSCROLL | WS_VSCROLL | ES_MULTILINE | ES_READONLY |
+                                  ES_AUTOHSCROLL | ES_AUTOVSCROLL | ES_NOHIDESEL,
+                              IDC_TXTDEBUG);
+        notice_ =
+            CreateControl(L"STATIC", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, IDC_DEBUG_NOTICE);
+        if (edit_ == nullptr || notice_ == nullptr) {
+            return false;
+        }
+        SetFonts(WindowDpi(Window()));
+        SendMessageW(edit_, EM_SETLIMITTEXT, 0, 0);
+        SetWindowTextW(edit_, Wide(text_));
+        SendMessageW(edit_, EM_SETSEL, 0, 0);
+        SetWindowContextHelpId(Window(), static_cast<DWORD>(content_.helpContext));
+        return true;
+    }
+
+    HWND CreateControl(const wchar_t* className, DWORD style, int id) {
+        return CreateWindowExW(0, className, L"", style | WS_CHILD, 0, 0, 0, 0, Window(),
+                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                               GetModuleHandleW(nullptr), nullptr);
+    }
+
+    void SetFonts(int dpi) {
+        // A control uses its font until it has got another one, so the old ones go last.
+        UniqueFont editFont = FixedFont(dpi);
+        UniqueFont noticeFont = NoticeFont(dpi);
+        SendMessageW(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(editFont.Get()), TRUE);
+        SendMessageW(notice_, WM_SETFONT, reinterpret_cast<WPARAM>(noticeFont.Get()), TRUE);
+        editFont_ = std::move(editFont);
+        noticeFont_ = std::move(noticeFont);
+        dpi_ = dpi;
+    }
+
+    void OnDpiChanged(int dpi, const RECT& bounds) {
+        SetFonts(dpi);
+        SetWindowPos(Window(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+                     bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        PlaceControls();
+    }
+
+    void PlaceControls() {
+        RECT inner{};
+        GetClientRect(Window(), &inner);
+        const bool hasNotice = (GetWindowLongW(notice_, GWL_STYLE) & WS_VISIBLE) != 0;
+        const int noticeHeight = hasNotice ? std::min<int>(Scaled(20, dpi_), inner.bottom) : 0;
+        const int editHeight = inner.bottom - noticeHeight;
+        MoveWindow(edit_, 0, 0, inner.right, editHeight, TRUE);
+        MoveWindow(notice_, 0, editHeight, inner.right, noticeHeight, TRUE);
+    }
+
+    HBRUSH Background(HDC dc, HWND control) const {
+        const bool isNotice = control == notice_;
+        const int background = isNotice ? COLOR_INFOBK : COLOR_WINDOW;
+        SetTextColor(dc, GetSysColor(isNotice ? COLOR_INFOTEXT : COLOR_WINDOWTEXT));
+        SetBkColor(dc, GetSysColor(background));
+        return GetSysColorBrush(background);
+    }
+
+    bool OnCommand(int id) {
+        switch (id) {
+            case ID_DEBUG_SAVE:
+                Save();
+                return true;
+            case ID_DEBUG_CLOSE:
+                Close();
+                return true;
+            case ID_DEBUG_SELECTALL:
+                SendMessageW(edit_, EM_SETSEL, 0, -1);
+                return true;
+            default:
+                return false;
+        }
+    }
+
+    void Save() {
+        ShowNotice({});
+        FileDialogOptions options;
+        options.title = content_.saveTitle;
+        options.startFolder = content_.saveFolder;
+        options.filter = content_.saveFilter;
+        options.defaultName = ProposedName();
+        options.defaultExtension = u"err";
+        options.owner = Window();
+        const std::u16string path = QvFileDialog(services_.dialogs, services_.ansi, services_.ui)
+                                        .GetSaveFileName(options)
+                                        .path;
+        if (!path.empty() && !services_.files.Write(path, services_.ansi.ToAnsi(text_), true)) {
+            ShowNotice(u"Speichern fehlgeschlagen: " + path);
+        }
+    }
+
+    // The dialog refuses to open with a name that holds a "?", which stands for every character
+    // outside the code page.
+    std::u16string ProposedName() const {
+        std::u16string name = services_.ansi.FromAnsi(services_.ansi.ToAnsi(content_.saveName));
+        std::replace(name.begin(), name.end(), u'?', u'_');
+        return name;
+    }
+
+    void ShowNotice(const std::u16string& text) {
+        SetWindowTextW(notice_, Wide(text));
+        ShowWindow(notice_, text.empty() ? SW_HIDE : SW_SHOWNA);
+        PlaceControls();
+    }
+
+    void ShowHelp() const {
+        const std::u16string& file = services_.error.HelpFile();
+        if (content_.helpContext != 0 && !file.empty()) {
+            services_.windows.ShowHelp(file, content_.helpContext);
+        }
+    }
+
+    const DebugWindow& content_;
+    const DebugServices& services_;
+    std::u16string text_;
+    HWND edit_ = nullptr;
+    HWND notice_ = nullptr;
+    UniqueFont editFont_;
+    UniqueFont noticeFont_;
+    int dpi_ = kNormalDpi;
+};
+
+}  // namespace
+
+void frmDebug::ShowModal(const DebugWindow& content, const DebugServices& services) {
+    DebugForm(content, services).ShowModal();
+}
+
+}  // namespace tarvex

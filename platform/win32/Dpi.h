@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/win32/WindowsApi.h"
+
+namespace tarvex {
+
+/// Pixels per inch that lengths are designed for.
+inline constexpr int kNormalDpi = 96;
+
+/// Pixels per inch of the screen as the program found it at its start.
+int SystemDpi();
+
+/// Pixels per inch of the monitor that shows the window; where Windows does not tell, those of the
+/// system.
+int WindowDpi(HWND window);
+
+/// A length that is `pixels` at kNormalDpi.
+int Scaled(int pixels, int dpi);
+
+}  // namespace tarvex
