@@ -5,7 +5,7 @@
 namespace tarvex {
 
 std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view extension) {
-    return AddSep(program.folder) + program.exeName + std::u16string(extension);
+    return JoinPath(program.folder, program.exeName + std::u16string(extension));
 }
 
 LogFile::LogFile(FileSystem& files, const Clock& clock, const TextCodec& codec,

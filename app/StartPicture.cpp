@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "branding/BrandFields.h"
-#include "errors/RaisedError.h"
+#include "launch/LaunchErrors.h"
 #include "launch/PathHelpers.h"
 #include "util/Text.h"
 #include "util/mShared.h"
@@ -78,21 +78,21 @@ std::u16string StartPicture::ResolveKeyLists(const pSettings& settings) {
 
 std::optional<std::u16string> StartPicture::ResolveEntry(std::u16string_view entry) {
     AddPictureReportLine(u"Gespeicherter Wert: " + std::u16string(entry));
-    KeyListEntry parts;
-    try {
-        parts = ParseKeyListEntry(entry, KeyListMarkers{}, environment_);
-    } catch (const RaisedError& error) {
-        AddPictureReportLine(error.description);
+    const KeyListParse parse = ParseKeyListEntry(entry);
+    if (parse.launchError != 0) {
+        AddPictureReportLine(
+            LaunchErrorText(parse.launchError, environment_.program.exeName, entry));
         return std::nullopt;
     }
-    AddPictureReportLine(u" - HKey: " + HKeyName(parts.root));
+    const KeyListEntry& parts = parse.entry;
+    AddPictureReportLine(u" - HKey: " + std::u16string(HKeyName(parts.root)));
     AddPictureReportLine(u" - Schlüssel: " + parts.keyPath);
     AddPictureReportLine(u" - Wertname: " + parts.valueName);
     AddPictureReportLine(u" - Unterordner: " + parts.subFolder);
     AddPictureReportLine(u" - Dateiname: " + parts.fileName);
 
-    std::u16string value = ReadRegistryText(environment_.registry, environment_.codec, parts.root,
-                                            parts.keyPath, parts.valueName);
+    std::u16string value =
+        ReadRegistryText(environment_, parts.root, parts.keyPath, parts.valueName);
     if (value.empty()) {
         AddPictureReportLine(u"Schlüsselinhalt: <nicht vorhanden oder kein Inhalt>");
         return std::nullopt;
@@ -139,7 +139,7 @@ std::u16string StartPicture::ResolveFolder(const pSettings& settings) {
     }
     AddPictureReportLine(u"Dateiname: " + name);
     const std::u16string path = folder.empty()
-                                    ? AddSep(environment_.program.folder) + name
+                                    ? JoinPath(environment_.program.folder, name)
                                     : RelToAbs(folder, environment_.program.folder) + name;
     AddPictureReportLine(u"Verwendeter Pfad: " + path);
     return path;

@@ -1,0 +1,229 @@
+#include <algorithm>
+
+#include "branding/BrandFields.h"
+#include "tests/app/LauncherFixture.h"
+
+namespace tarvex {
+namespace {
+
+class ApplicationErrorsTest : public LauncherFixture {
+protected:
+    /// Settings whose database does not exist.
+    Values Missing() {
+        files.Remove(u"C:\\Prog\\Daten\\Kunden.mdb");
+        return Kunden();
+    }
+};
+
+constexpr std::u16string_view kBoxText =
+    u"Tarvex kann aufgrund eines unerwarteten Fehlers nicht ausgeführt werden.\r\n"
+    u"Klicken Sie auf <Details>, um erweiterte Fehlerinformationen anzuzeigen.";
+
+constexpr std::u16string_view kMissingReport =
+    u"Nummer       : -2147220475\r\n"
+    u"Quelle       : Tarvex/cuTarvex: GetDBPath: : GetCommandLine | Application: Init\r\n"
+    u"Beschreibung : Die Datenbank 'C:\\Prog\\Daten\\Kunden.mdb' ist nicht vorhanden.\r\n"
+    u"\r\n"
+    u"--------------------------------------------------\r\n"
+    u"\r\n"
+    u"[Access-Pfad]\r\n"
+    u"Absoluter Pfad wird verwendet: C:\\Office\\msaccess.exe\r\n"
+    u"Access-EXE: OK\r\n"
+    u"\r\n"
+    u"[Datenbank-Pfad]\r\n"
+    u"Absoluter Pfad: C:\\Prog\\Daten\\\r\n"
+    u"Berechneter Pfad: C:\\Prog\\Daten\\\r\n"
+    u"Datenbank: : C:\\Prog\\Daten\\Kunden.mdb\r\n"
+    u"Datenbank: C:\\Prog\\Daten\\Kunden.mdb ist nicht vorhanden!";
+
+constexpr std::u16string_view kHeading = u"Tarvex - Erweiterte Fehlerinformationen:\r\n\r\n";
+
+TEST_F(ApplicationErrorsTest, BoxSaysThatTheProgramCannotRun) {
+    Launch(Missing());
+    ASSERT_EQ(windows.boxes.size(), 1u);
+    const CaptionBox& box = windows.boxes.front();
+    EXPECT_EQ(box.text, kBoxText);
+    EXPECT_EQ(box.title, u"Tarvex");
+    EXPECT_EQ(box.style, 16u);
+    EXPECT_EQ(box.captions[0], u"&Beenden");
+    EXPECT_EQ(box.captions[1], u"&Details");
+    EXPECT_EQ(box.captions[2], u"");
+    EXPECT_TRUE(windows.debugWindows.empty());
+    EXPECT_TRUE(process.lines.empty());
+}
+
+TEST_F(ApplicationErrorsTest, ConfiguredTextFollowsInTheBox) {
+    Launch(With(Missing(), {{kFieldErrBoxText, u"Rufen Sie 0800-1 an.@@Danke"}}));
+    ASSERT_EQ(windows.boxes.size(), 1u);
+    EXPECT_EQ(windows.boxes.front().text,
+              std::u16string(kBoxText) + u"\r\n\r\nRufen Sie 0800-1 an.@@Danke");
+}
+
+TEST_F(ApplicationErrorsTest, DetailsHoldErrorAndDiagnosticLog) {
+    windows.answers = {2};
+    Launch(Missing());
+    EXPECT_EQ(windows.events, (std::vector<std::string>{"box", "debug"}));
+    EXPECT_EQ(OnlyDebugText(), std::u16string(kHeading).append(kMissingReport));
+}
+
+TEST_F(ApplicationErrorsTest, ConfiguredDetailTextIsWrappedBetweenHeadingAndReport) {
+    windows.answers = {2};
+    Launch(With(Missing(),
+                {{kFieldErrDebugText,
+                  u"Bitte senden Sie diesen Text zusammen mit einer kurzen Beschreibung Ihrer "
+                  u"letzten Schritte an die Technik."}}));
+    EXPECT_EQ(OnlyDebugText(),
+              std::u16string(kHeading)
+                  .append(u"Bitte senden Sie diesen Text zusammen mit einer kurzen Beschreibung "
+                          u"Ihrer letzten Schritte\r\nan die Technik.\r\n\r\n")
+                  .append(kMissingReport));
+}
+
+TEST_F(ApplicationErrorsTest, TestModeShowsTheReportWithoutABox) {
+    Launch(With(Kunden(), {{kFieldAccPath, u""}, {kFieldErrDebugText, u"Technik"}}), u"/T");
+    EXPECT_EQ(windows.events, std::vector<std::string>{"debug"});
+    EXPECT_EQ(OnlyDebugText(),
+              std::u16string(kHeading) +
+                  u"Nummer       : -2147220478\r\n"
+                  u"Quelle       : Tarvex/cuTarvex: GetAccessPath: : GetCommandLine | "
+                  u"Application: Init\r\n"
+                  u"Beschreibung : Der Access-Pfad kann nicht aus der Registry ermittelt "
+                  u"werden.\r\n"
+                  u"\r\n"
+                  u"--------------------------------------------------\r\n"
+                  u"\r\n"
+                  u"[Access-Pfad]\r\n"
+                  u"Office-Schlüssel wird verwendet\r\n"
+                  u"Schlüssel: SOFTWARE\\Microsoft\\Office\\8.0\\Common\\InstallRoot\r\n"
+                  u"Schlüsselinhalt: \r\n"
+                  u"Pfad konnte nicht ermittelt werden");
+}
+
+TEST_F(ApplicationErrorsTest, HelpShowsTheBoxAgainUntilAnotherAnswer) {
+    files.AddFile(u"C:\\Prog\\Start.chm");
+    windows.answers = {3, 3, 3, 1};
+    Launch(With(Missing(), {{kFieldHCID, u"1000"}}));
+    EXPECT_EQ(windows.events,
+              (std::vector<std::string>{"box", "help", "box", "help", "box", "help", "box"}));
+    EXPECT_EQ(windows.boxes.front().captions[2], u"&Hilfe");
+    EXPECT_EQ(windows.helpCalls.front().file, u"C:\\Prog\\Start.chm");
+    EXPECT_EQ(windows.helpCalls.front().context, 1000);
+}
+
+TEST_F(ApplicationErrorsTest, BoxClosedOtherwiseWithoutHelpEndsTheLaunch) {
+    windows.answers = {3};
+    Launch(Missing());
+    EXPECT_EQ(windows.events, std::vector<std::string>{"box"});
+}
+
+TEST_F(ApplicationErrorsTest, ErrorIsLoggedOnlyWithTheLogOn) {
+    Launch(Missing());
+    EXPECT_FALSE(files.Bytes(u"C:\\Prog\\Start.log"));
+    Launch(With(Missing(), {{kFieldLog, u"1"}}));
+    EXPECT_EQ(files.Bytes(u"C:\\Prog\\Start.log"),
+              "[24.12.2004 08:15:00]\r\nFehler Nr. -2147220475: Die Datenbank "
+              "'C:\\Prog\\Daten\\Kunden.mdb' ist nicht vorhanden.\r\n\r\n");
+}
+
+TEST_F(ApplicationErrorsTest, ErrorInTestModeIsLoggedToo) {
+    Launch(With(Kunden(), {{kFieldAccPath, u""}, {kFieldLog, u"1"}}), u"/T");
+    EXPECT_EQ(files.Bytes(u"C:\\Prog\\Start.log"),
+              "[24.12.2004 08:15:00]\r\nFehler Nr. -2147220478: Der Access-Pfad kann nicht aus "
+              "der Registry ermittelt werden.\r\n\r\n");
+}
+
+TEST_F(ApplicationErrorsTest, LogFollowsTheErrorWindow) {
+    windows.answers = {2};
+    Launch(With(Missing(), {{kFieldLog, u"1"}}));
+    ASSERT_FALSE(files.log.empty());
+    EXPECT_EQ(files.log.back(), u"append C:\\Prog\\Start.log");
+    EXPECT_EQ(windows.events, (std::vector<std::string>{"box", "debug"}));
+}
+
+TEST_F(ApplicationErrorsTest, FailedStartNamesTheRealCommandLine) {
+    process.result = 0;
+    windows.answers = {2};
+    Launch(With(Kunden(), {{kFieldLog, u"1"}}));
+    EXPECT_TRUE(OnlyDebugText().starts_with(
+        std::u16string(kHeading) +
+        u"Nummer       : -2147221611\r\n"
+        u"Quelle       : Application: Init\r\n"
+        u"Beschreibung : Die Ausführung der Befehlszeile '\"C:\\Office\\msaccess.exe\"\r\n"
+        u"               \"C:\\Prog\\Daten\\Kunden.mdb\" /Runtime /user \"Meier\" /pwd \"a//b\"' "
+        u"ist\r\n"
+        u"               fehlgeschlagen.\r\n"))
+        << testing::PrintToString(OnlyDebugText());
+    EXPECT_EQ(files.Bytes(u"C:\\Prog\\Start.log"),
+              "[24.12.2004 08:15:00]\r\nFehler Nr. -2147221611: Die Ausf\xFChrung der "
+              "Befehlszeile '\"C:\\Office\\msaccess.exe\" \"C:\\Prog\\Daten\\Kunden.mdb\" "
+              "/Runtime /user \"Meier\" /pwd \"a//b\"' ist fehlgeschlagen.\r\n\r\n");
+}
+
+TEST_F(ApplicationErrorsTest, UnbrandedProgramSaysSoBeforeItReadsSwitches) {
+    constants.marker = u"@#BRANDED0#@";
+    windows.answers = {2};
+    LaunchWithConstants(u"/T /D");
+    EXPECT_EQ(windows.events, (std::vector<std::string>{"box", "debug"}));
+    EXPECT_EQ(OnlyDebugText(),
+              std::u16string(kHeading) +
+                  u"Nummer       : -2147221621\r\n"
+                  u"Quelle       : Application: Init\r\n"
+                  u"Beschreibung : Im Startprogramm 'C:\\Prog\\Start.exe' wurden keine Parameter "
+                  u"gesetzt.\r\n"
+                  u"               Verwenden Sie das Tarvex-Konfigurationsprogramm, um die "
+                  u"Parameter für die zu\r\n"
+                  u"               ladende Access-Datenbank einzustellen.");
+    EXPECT_FALSE(files.Bytes(u"C:\\Prog\\Start.log"));
+}
+
+TEST_F(ApplicationErrorsTest, UnbrandedProgramAtADrivesRootIsNamedWithOneSeparator) {
+    constants.marker = u"@#BRANDED0#@";
+    program.folder = u"C:\\";
+    windows.answers = {2};
+    LaunchWithConstants();
+    EXPECT_NE(OnlyDebugText().find(u"Im Startprogramm 'C:\\Start.exe' wurden"),
+              std::u16string::npos);
+}
+
+TEST_F(ApplicationErrorsTest, MarkerIsComparedWithoutRegardToCase) {
+    constants = FakeBrandConstants(Kunden());
+    constants.marker = u"@#branded1#@";
+    LaunchWithConstants();
+    EXPECT_EQ(process.lines.size(), 1u);
+}
+
+TEST_F(ApplicationErrorsTest, MissingMarksOfTheErrorTextsDoNotHinderTheBox) {
+    constants = FakeBrandConstants(Missing());
+    std::erase_if(constants.marks, [](const std::u16string& mark) {
+        return mark.find(u"|ErrBoxText|") != std::u16string::npos ||
+               mark.find(u"|ErrDebugText|") != std::u16string::npos;
+    });
+    windows.answers = {2};
+    LaunchWithConstants();
+    ASSERT_EQ(windows.boxes.size(), 1u);
+    EXPECT_EQ(windows.boxes.front().text, kBoxText);
+    EXPECT_EQ(OnlyDebugText(), std::u16string(kHeading).append(kMissingReport));
+}
+
+TEST_F(ApplicationErrorsTest, MalformedNumberListIsAConversionError) {
+    constants = FakeBrandConstants(With(Kunden(), {{kFieldLog, u"1"}}));
+    for (std::u16string& mark : constants.marks) {
+        const std::size_t value = mark.find(u"|User|");
+        if (value != std::u16string::npos) {
+            // "x" in the stored form of the product's key.
+            mark.replace(value + 6, 100, u"\a");
+            mark.resize(value + 6 + 100, u' ');
+        }
+    }
+    windows.answers = {2};
+    LaunchWithConstants();
+    EXPECT_EQ(OnlyDebugText(), std::u16string(kHeading) +
+                                   u"Nummer       : 13\r\n"
+                                   u"Quelle       : pSettings: InitTarvex | Application: Init\r\n"
+                                   u"Beschreibung : Typen unverträglich");
+    EXPECT_EQ(files.Bytes(u"C:\\Prog\\Start.log"),
+              "[24.12.2004 08:15:00]\r\nFehler Nr. 13: Typen unvertr\xE4glich\r\n\r\n");
+}
+
+}  // namespace
+}  // namespace tarvex

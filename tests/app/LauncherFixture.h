@@ -1,0 +1,87 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "app/Application.h"
+#include "errors/MessageTable.h"
+#include "tests/support/FakeApp.h"
+#include "tests/support/FakeBrandConstants.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/FakeRegistry.h"
+#include "tests/support/FakeUi.h"
+#include "tests/support/FakeVersionResource.h"
+#include "tests/support/TestProgram.h"
+#include "util/TextCodec1252.h"
+
+namespace tarvex {
+
+/// A launcher C:\Prog\Start.exe with Access in C:\Office and a database in C:\Prog\Daten, and every
+/// part of the system that it touches.
+class LauncherFixture : public testing::Test {
+protected:
+    using Values = FakeBrandConstants::Values;
+
+    LauncherFixture() {
+        files.AddFile(u"C:\\Office\\msaccess.exe");
+        files.AddFile(u"C:\\Prog\\Start.exe");
+        files.AddFile(u"C:\\Prog\\Daten\\Kunden.mdb");
+    }
+
+    /// The settings that most tests start from.
+    static Values Kunden() {
+        return {{kFieldAccPath, u"C:\\Office"},
+                {kFieldDBPath, u"Daten"},
+                {kFieldDBFilename, u"Kunden.mdb"},
+                {kFieldUser, u"Meier"},
+                {kFieldPwd, u"a/b"},
+                {kFieldRuntime, u"1"}};
+    }
+
+    static Values With(Values values, const Values& more) {
+        for (const auto& [field, value] : more) {
+            values[field] = value;
+        }
+        return values;
+    }
+
+    /// Runs one launch with these settings and arguments.
+    void Launch(const Values& values, std::u16string arguments = {}) {
+        constants = FakeBrandConstants(values);
+        LaunchWithConstants(std::move(arguments));
+    }
+
+    void LaunchWithConstants(std::u16string arguments = {}) {
+        program.arguments = std::move(arguments);
+        appError = std::make_unique<cuAppError>(ui, texts, program);
+        log = std::make_unique<LogFile>(files, clock, codec, program);
+        const LaunchEnvironment environment{registry, files, codec, codec, ui, program};
+        application = std::make_unique<Application>(
+            ApplicationParts{environment, *appError, constants, windows, process, *log, versions});
+        application->Init();
+    }
+
+    std::u16string OnlyDebugText() const {
+        return windows.debugWindows.size() == 1 ? windows.debugWindows.front().text
+                                                : u"<not exactly one log window>";
+    }
+
+    FakeUi ui;
+    FakeRegistry registry;
+    FakeFileSystem files;
+    FakeClock clock;
+    FakeProcess process;
+    FakeAppWindows windows;
+    FakeVersionResource versions;
+    TextCodec1252 codec;
+    MessageTable texts;
+    ProgramInfo program = TestProgram();
+    FakeBrandConstants constants;
+    std::unique_ptr<cuAppError> appError;
+    std::unique_ptr<LogFile> log;
+    std::unique_ptr<Application> application;
+};
+
+}  // namespace tarvex
