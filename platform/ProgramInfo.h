@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tarvex {
 
@@ -10,5 +11,10 @@ struct ProgramInfo {
     std::u16string exeName;  ///< file name without its last extension: "Kunden" for Kunden.exe
     std::u16string arguments;  ///< command line behind the program name, as it was typed
 };
+
+/// From the executable's path and the whole command line, whose program name is cut off as the
+/// system does: a name in quotation marks, or up to the first blank or tab. Blanks and tabs before
+/// the arguments go with it.
+ProgramInfo MakeProgramInfo(std::u16string_view executable, std::u16string_view commandLine);
 
 }  // namespace tarvex

@@ -2,8 +2,7 @@
 
 #include <cstddef>
 
-#include "platform/win32/SystemLibrary.h"
-#include "platform/win32/WindowsApi.h"
+#include "platform/win32/Com.h"
 
 namespace tarvex {
 
@@ -39,28 +38,6 @@ FileDialogEnd ShowFileDialog(const char* function, FileDialogCall& call) {
     }
     return {false, failure()};
 }
-
-/// The shell's folder browser needs COM for the time of its call.
-class ComApartment {
-public:
-    explicit ComApartment(const SystemLibrary& ole)
-        : uninitialize_(ole.Function<decltype(CoUninitialize)>("CoUninitialize")) {
-        auto* const initialize = ole.Function<decltype(CoInitialize)>("CoInitialize");
-        if (initialize == nullptr || FAILED(initialize(nullptr))) {
-            uninitialize_ = nullptr;
-        }
-    }
-    ComApartment(const ComApartment&) = delete;
-    ComApartment& operator=(const ComApartment&) = delete;
-    ~ComApartment() {
-        if (uninitialize_ != nullptr) {
-            uninitialize_();
-        }
-    }
-
-private:
-    decltype(CoUninitialize)* uninitialize_;
-};
 
 int CALLBACK SelectStartFolder(HWND dialog, UINT message, LPARAM, LPARAM startFolder) {
     if (message == BFFM_INITIALIZED) {

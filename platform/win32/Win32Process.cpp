@@ -1,0 +1,48 @@
+#include "platform/win32/Win32Process.h"
+
+#include <string>
+
+#include "platform/win32/Handles.h"
+#include "platform/win32/WideText.h"
+
+namespace tarvex {
+
+namespace {
+
+/// Keeps the system from showing boxes of its own about a damaged program or a missing disk: the
+/// caller tells the user.
+class QuietErrors {
+public:
+    QuietErrors() : before_(SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX)) {}
+    QuietErrors(const QuietErrors&) = delete;
+    QuietErrors& operator=(const QuietErrors&) = delete;
+    ~QuietErrors() { SetErrorMode(before_); }
+
+private:
+    UINT before_;
+};
+
+}  // namespace
+
+std::uint32_t Win32Process::StartMaximised(std::u16string_view commandLine) {
+    std::u16string line(commandLine);  // CreateProcessW writes to it
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_SHOWMAXIMIZED;
+    PROCESS_INFORMATION information{};
+    const QuietErrors quiet;
+    // The new program gets the default error mode, else it would inherit the quiet one.
+    if (!CreateProcessW(nullptr, Wide(line), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
+                        nullptr, nullptr, &startup, &information)) {
+        return 0;
+    }
+    const UniqueProcess process(information.hProcess);
+    const UniqueProcess thread(information.hThread);
+    // Only the program with the focus may hand it on; without this the window may open behind
+    // others.
+    AllowSetForegroundWindow(information.dwProcessId);
+    return information.dwProcessId;
+}
+
+}  // namespace tarvex
