@@ -23,9 +23,11 @@ char ToByte(char16_t unit) {
     if (unit <= 0xFF && !IsSpecial(unit)) {
         return static_cast<char>(unit);
     }
-    const auto* found = std::find(kSpecial.begin(), kSpecial.end(), unit);
-    return found == kSpecial.end() ? '?'
-                                   : static_cast<char>(kFirstSpecial + (found - kSpecial.begin()));
+    const auto* const found = std::find(kSpecial.begin(), kSpecial.end(), unit);
+    if (found == kSpecial.end()) {
+        return '?';
+    }
+    return static_cast<char>(kFirstSpecial + static_cast<unsigned>(found - kSpecial.begin()));
 }
 
 }  // namespace
