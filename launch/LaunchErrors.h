@@ -53,7 +53,8 @@ std::u16string FillLaunchErrorText(std::u16string_view text, LaunchErrorValue va
 /// A negative `number` is a negated launch code: its number and source ("Tarvex" or
 /// "Tarvex/SOURCE") are made here, its text too when `description` is empty. Any other number
 /// passes on the exception being handled, whose number stays and whose source and description
-/// stay when they are not given; such a call stands in a catch block. A `procedure` is appended to
+/// stay when they are not given (an empty source becomes "Tarvex"); such a call stands in a catch
+/// block. A `procedure` is appended to
 /// the source with ": ", and the failing line in parentheses when it is known.
 [[noreturn]] void RaiseLaunchError(const LaunchEnvironment& environment, std::int32_t number,
                                    std::u16string_view source, std::u16string_view procedure,

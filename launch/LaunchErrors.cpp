@@ -1,0 +1,115 @@
+#include "launch/LaunchErrors.h"
+
+#include <iterator>
+
+#include "errors/AppTitle.h"
+#include "errors/RaisedError.h"
+#include "launch/PathHelpers.h"
+#include "util/Text.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr std::u16string_view kTexts[] = {
+    u"Der HKey wurde nicht angegeben.",
+    u"Der Access-Pfad kann nicht aus der Registry ermittelt werden.",
+    u"Die Datei '##' wurde nicht gefunden.",
+    u"Der Schlüssellisten-Eintrag '##' ist fehlerhaft bzw. kann nicht interpretiert werden.",
+    u"Die Datenbank '##' ist nicht vorhanden.",
+    u"Es sind keine Pfadinformationen für die zu startende Datenbank verfügbar.@@Wenn Sie keinen "
+    u"Pfad angeben, muss sich eine Datenbank namens '",
+    u"Kann den Eintrag des Profiles '##' nicht in der Registry finden.",
+    u"Der Schlüssellisten-Eintrag '##' enthält keinen Verweis auf den HKey.",
+    u"System-Datenbank '##' nicht gefunden.",
+    u"Die Liste der Registryschlüssel für den Access-Pfad konnte nicht analysiert werden.",
+    u"Die benutzerdefinierten Registryeinträge für den Access-Pfad sind nicht vorhanden, enthalten "
+    u"keinen Wert oder an den angegebenen Positionen wurde keine ausführbare Access-Datei "
+    u"gefunden.",
+    u"Die Liste der Registryschlüssel für den Datenbank-Pfad konnte nicht analysiert werden.",
+    u"Die benutzerdefinierten Registryeinträge für den Datenbank-Pfad sind nicht vorhanden, "
+    u"enthalten keinen Wert oder an den angegebenen Positionen wurde keine Datenbank gefunden.",
+    u"Die Liste der Registryschlüssel für den Pfad der Systemdatenbank konnte nicht analysiert "
+    u"werden.",
+    u"Die benutzerdefinierten Registryeinträge für den Pfad der Systemdatenbank sind nicht "
+    u"vorhanden, enthalten keinen Wert oder an den angegebenen Positionen wurde keine "
+    u"Systemdatenbank gefunden.",
+    u"'##' ist kein zulässiger Wert.",
+    u"'##' ist kein zulässiger Wert für die Eigenschaft 'AccVersion'.",
+};
+
+constexpr std::u16string_view kPlaceholder = u"##";
+
+/// Puts the value in the place of the placeholders; false when there was none.
+bool InsertValue(std::u16string& text, std::u16string_view value) {
+    const std::size_t position = text.find(kPlaceholder);
+    if (position == std::u16string::npos) {
+        return false;
+    }
+    // So many replacements reach every placeholder of the texts above.
+    text = text::Replace(text, kPlaceholder, value, position + 3);
+    return true;
+}
+
+}  // namespace
+
+std::u16string LaunchErrorText(std::int32_t code, std::u16string_view exeName,
+                               LaunchErrorValue value1, LaunchErrorValue value2) {
+    if (code < 1 || code > static_cast<std::int32_t>(std::size(kTexts))) {
+        return {};
+    }
+    std::u16string text(kTexts[code - 1]);
+    if (code == launch_error::kDatabaseNeeded) {
+        const bool slash = exeName.find(u'\\') == std::u16string_view::npos;
+        text.append(FileNamePart(exeName, slash))
+            .append(u".mdb/mde/mda' im Programmpfad befinden.");
+    }
+    return FillLaunchErrorText(text, value1, value2);
+}
+
+std::u16string FillLaunchErrorText(std::u16string_view text, LaunchErrorValue value1,
+                                   LaunchErrorValue value2) {
+    std::u16string result = text::Replace(text, u"@@", text::kLineBreak);
+    if (value1 && InsertValue(result, *value1) && value2) {
+        InsertValue(result, *value2);
+    }
+    return result;
+}
+
+void RaiseLaunchError(const LaunchEnvironment& environment, std::int32_t number,
+                      std::u16string_view source, std::u16string_view procedure,
+                      std::u16string_view description, LaunchErrorValue value1,
+                      LaunchErrorValue value2) {
+    RaisedError error;
+    if (number >= 0) {
+        error = CurrentError();
+        if (!source.empty()) {
+            error.source = source;
+        } else if (error.source.empty()) {
+            // An exception of the C++ library names no place: it counts as the application's own.
+            error.source = kAppTitle;
+        }
+    } else {
+        error.number = LaunchErrorNumber(-number);
+        error.description = LaunchErrorText(-number, environment.program.exeName, value1, value2);
+        error.source = kAppTitle;
+        if (!source.empty()) {
+            error.source.append(u"/").append(source);
+        }
+    }
+    if (!description.empty()) {
+        error.description = description;
+    }
+    if (!procedure.empty()) {
+        error.source.append(u": ").append(procedure);
+        if (error.line != 0) {
+            error.source.append(u" (").append(text::Decimal(error.line)).append(u")");
+        }
+    }
+    if (!environment.ui.PointerIsDefault()) {
+        environment.ui.SetPointerDefault();
+    }
+    throw error;
+}
+
+}  // namespace tarvex

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "launch/DiagnosticLog.h"
+#include "launch/LaunchEnvironment.h"
+#include "launch/LaunchErrors.h"
+#include "launch/LaunchProperties.h"
+
+namespace tarvex {
+
+/// One pass through the resolution steps: what they read, and what they leave behind for the user.
+/// Refers to objects that outlive it.
+struct LaunchRun {
+    const LaunchEnvironment& environment;
+    const LaunchProperties& properties;
+    DiagnosticLog& log;
+    bool& testModeError;
+
+    /// Raises the launch error of that code in the name of a step.
+    [[noreturn]] void Raise(std::int32_t code, std::u16string_view procedure,
+                            LaunchErrorValue value = std::nullopt) const;
+
+    /// As Raise; in test mode the failure is only noted, and the step goes on.
+    void RaiseOrNote(std::int32_t code, std::u16string_view procedure,
+                     LaunchErrorValue value = std::nullopt) const;
+};
+
+}  // namespace tarvex

@@ -1,0 +1,138 @@
+#include "launch/cuTarvex.h"
+
+#include "launch/AccessResolution.h"
+#include "launch/CommandLine.h"
+#include "launch/DatabaseResolution.h"
+#include "launch/LaunchErrors.h"
+#include "launch/LaunchRun.h"
+#include "launch/ProfileResolution.h"
+#include "launch/SystemDatabaseResolution.h"
+#include "util/Text.h"
+#include "util/mShared.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr std::u16string_view kClass = u"cuTarvex";
+constexpr std::int32_t kVersionCount = 4;
+
+/// The list that a selector stands for; null for an unknown selector.
+std::u16string LaunchProperties::*ListOf(std::int32_t selector) {
+    switch (selector) {
+        case 0:
+            return &LaunchProperties::accRegListString;
+        case 1:
+            return &LaunchProperties::dbRegListString;
+        case 2:
+            return &LaunchProperties::systemDBRegListString;
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace
+
+cuTarvex::cuTarvex(const LaunchEnvironment& environment) : environment_(environment) {
+    SetDefaults();
+}
+
+void cuTarvex::SetAccVersion(std::int32_t value) {
+    if (value >= kVersionCount) {
+        RaiseLaunchError(environment_, -launch_error::kAccVersionNotAllowed, kClass,
+                         u"AccVersion (Let)", {}, text::Decimal(value));
+    }
+    properties_.accVersion = value;
+}
+
+std::u16string cuTarvex::RegProfileKey(std::int32_t version) {
+    return std::u16string(ProfileKey(version));
+}
+
+bool cuTarvex::GetCommandLine() {
+    commandLine_.clear();
+    commandLineHiddenUserPW_.clear();
+    debugLog_.Clear();
+    testModeError_ = false;
+    try {
+        LaunchRun run{environment_, properties_, debugLog_, testModeError_};
+        ResolvedParts parts;
+        parts.access = ResolveAccess(run);
+        if (parts.access.empty()) {
+            return false;
+        }
+        parts.database = ResolveDatabase(run);
+        parts.systemDatabase = ResolveSystemDatabase(run);
+        parts.profileArgument = ResolveProfile(run);
+        CommandLines lines = ComposeCommandLine(parts, properties_);
+        commandLine_ = std::move(lines.real);
+        commandLineHiddenUserPW_ = std::move(lines.hiddenUserPW);
+        return true;
+    } catch (...) {
+        RaiseLaunchError(environment_, 0, {}, u": GetCommandLine");
+    }
+}
+
+std::u16string cuTarvex::HKeyEnum2String(std::int32_t root) {
+    return std::u16string(HKeyName(root));
+}
+
+std::int32_t cuTarvex::HKeyString2Enum(std::u16string_view name) {
+    return HKeyFromName(name);
+}
+
+void cuTarvex::RegListAdd(std::int32_t selector, std::u16string_view entry) {
+    if (const auto list = ListOf(selector)) {
+        AppendWithSeparator(properties_.*list, entry, properties_.markers.list, true);
+    }
+}
+
+std::vector<std::u16string> cuTarvex::RegListArray(std::int32_t selector) const {
+    const auto list = ListOf(selector);
+    if (list == nullptr) {
+        RaiseLaunchError(environment_, -launch_error::kValueNotAllowed, kClass, u"RegListArray", {},
+                         text::Decimal(selector));
+    }
+    return SplitList(properties_.*list, properties_.markers.list);
+}
+
+std::u16string cuTarvex::RegListBuild(std::u16string_view keyPath, std::u16string_view valueName,
+                                      std::u16string_view fileName, std::u16string_view subFolder,
+                                      std::int32_t rootNumber, std::u16string_view rootName) const {
+    constexpr std::u16string_view kProcedure = u"RegListBuild";
+    KeyListEntry entry{rootNumber, std::u16string(keyPath), std::u16string(valueName),
+                       std::u16string(subFolder), std::u16string(fileName)};
+    if (rootNumber == kNoHKey && !rootName.empty()) {
+        entry.root = HKeyFromName(rootName);
+        if (entry.root == kNoHKey) {
+            RaiseLaunchError(environment_, -launch_error::kValueNotAllowed, kClass, kProcedure, {},
+                             rootName);
+        }
+    }
+    std::u16string text = BuildKeyListEntry(entry, properties_.markers);
+    if (text.empty()) {
+        RaiseLaunchError(environment_, -launch_error::kHKeyMissing, kClass, kProcedure);
+    }
+    return text;
+}
+
+KeyListEntry cuTarvex::RegListParse(std::u16string_view entry) const {
+    KeyListParse parse = ParseKeyListEntry(entry, properties_.markers);
+    if (parse.launchError != 0) {
+        RaiseLaunchError(environment_, -parse.launchError, kClass, u"RegListParse", {}, entry);
+    }
+    return std::move(parse.entry);
+}
+
+void cuTarvex::SetDefaults() {
+    properties_.accVersion = 0;
+    properties_.markers = KeyListMarkers();
+    properties_.optionCompact = false;
+    properties_.optionExclusive = false;
+    properties_.optionNoStartup = false;
+    properties_.optionReadOnly = false;
+    properties_.optionRepair = false;
+    properties_.optionRuntime = false;
+}
+
+}  // namespace tarvex
