@@ -1,11 +1,16 @@
 #include "branding/pSettings.h"
 
+#include <utility>
+
 #include "branding/BrandFields.h"
+#include "branding/DebugReport.h"
 #include "branding/Scrambling.h"
 #include "errors/RaisedError.h"
 #include "errors/cuAppError.h"
 #include "launch/PathHelpers.h"
 #include "launch/cuTarvex.h"
+#include "resources/Version.h"
+#include "util/FileVersionInfo.h"
 #include "util/Text.h"
 
 namespace tarvex {
@@ -13,6 +18,7 @@ namespace tarvex {
 namespace {
 
 constexpr std::int32_t kMsgNotBranded = 117;
+constexpr std::int32_t kMsgNotShown = 136;
 
 /// Key list fields of one kind of list.
 struct ListFields {
@@ -105,6 +111,32 @@ void pSettings::BuildRegLists(cuTarvex& tarvex) const {
                 tarvex.RegListAdd(fields.kind, Value(field));
             }
         }
+    });
+}
+
+std::u16string pSettings::DebugInfo(const VersionResource& versions) const {
+    return AtPlace(u"pSettings: DebugInfo", [&] {
+        DebugReport report;
+        const std::u16string placeholder = appError_.MsgLoad(kMsgNotShown);
+        for (const cuBranding& item : Brand().Brandings()) {
+            if (item.Index() != kFieldFileID) {
+                report.AddValue(item.Name(), ReportedValue(item, placeholder));
+            }
+        }
+        report.AddRule();
+        report.AddValue(u"Version", VersionText(TARVEX_VERSION_MAJOR, TARVEX_VERSION_MINOR,
+                                                TARVEX_VERSION_REVISION));
+        report.AddValue(u"FileID", Value(kFieldFileID));
+        report.AddRule();
+        FileVersionInfo file(versions);
+        file.SetFullPathName(ExecutablePath());
+        report.AddValue(u"Beschreibung", file.FileDescription());
+        report.AddValue(u"Firmenname", file.CompanyName());
+        report.AddValue(u"Copyright", file.LegalCopyright());
+        report.AddValue(u"Marken", file.LegalTrademarks());
+        report.AddValue(u"Produktname", file.ProductName());
+        report.AddValue(u"Produktversion", file.ProductVersion());
+        return report.Text();
     });
 }
 
