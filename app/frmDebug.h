@@ -1,7 +1,8 @@
 #pragma once
 
+#include <functional>
+
 #include "app/AppWindows.h"
-#include "errors/cuAppError.h"
 #include "platform/CommonDialogs.h"
 #include "platform/FileSystem.h"
 #include "platform/TextCodec.h"
@@ -15,8 +16,7 @@ struct DebugServices {
     FileSystem& files;
     const TextCodec& ansi;
     Ui& ui;
-    const cuAppError& error;  ///< names the help file that F1 opens
-    AppWindows& windows;      ///< shows it
+    std::function<void()> help;  ///< what F1 does
 };
 
 /// The log window: a text in a fixed-pitch font that can be read, copied and saved.

@@ -75,7 +75,7 @@ protected:
                 return OnCommand(LOWORD(first)) ? 0
                                                 : ModalWindow::OnMessage(message, first, second);
             case WM_HELP:
-                ShowHelp();
+                services_.help();
                 return TRUE;
             case kDpiChanged:
                 OnDpiChanged(LOWORD(first), *reinterpret_cast<const RECT*>(second));
@@ -191,13 +191,6 @@ private:
         SetWindowTextW(notice_, Wide(text));
         ShowWindow(notice_, text.empty() ? SW_HIDE : SW_SHOWNA);
         PlaceControls();
-    }
-
-    void ShowHelp() const {
-        const std::u16string& file = services_.error.HelpFile();
-        if (content_.helpContext != 0 && !file.empty()) {
-            services_.windows.ShowHelp(file, content_.helpContext);
-        }
     }
 
     const DebugWindow& content_;

@@ -1,6 +1,5 @@
 #include "util/FileVersionInfo.h"
 
-#include <array>
 #include <span>
 
 #include "util/Text.h"
