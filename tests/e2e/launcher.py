@@ -1,0 +1,365 @@
+"""A world of its own for a launcher: a drive with its folders, a stand-in for Access, registry keys.
+
+Windows paths are texts with backslashes; `World.unix` gives the file that belongs to one.
+"""
+
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import time
+
+import brandfile
+
+PROJECT = "Tarvex"
+LOG_WINDOW = f"{PROJECT} - Debug"
+BOX_TEXT = (
+    "Tarvex kann aufgrund eines unerwarteten Fehlers nicht ausgeführt werden.\r\n"
+    "Klicken Sie auf <Details>, um erweiterte Fehlerinformationen anzuzeigen."
+)
+DETAILS_HEADING = "Tarvex - Erweiterte Fehlerinformationen:"
+GOLDEN = pathlib.Path(__file__).parent.parent / "golden"
+SECONDS_FOR_A_RUN = 90
+
+
+class Programs:
+    """Where the programs under test and the tools are."""
+
+    def __init__(self, environment):
+        self.launcher = self._find(environment, "TARVEX_WIN32_DIST", "tarvex.exe")
+        self.configurator = self._find(environment, "TARVEX_LINUX_DIST", "tarvexcf", needed=False)
+        self.configurator_win32 = self._find(
+            environment, "TARVEX_WIN32_DIST", "tarvexcf.com", needed=False
+        )
+        self.driver = self._find(environment, "TARVEX_E2E_BIN", "uidriver.exe")
+        self.access = self._find(environment, "TARVEX_E2E_BIN", "msaccess.exe")
+
+    @staticmethod
+    def _find(environment, variable, name, needed=True):
+        folder = environment.get(variable)
+        if folder is None:
+            raise RuntimeError(f"{variable} must name the folder of {name}")
+        path = pathlib.Path(folder) / name
+        if needed and not path.is_file():
+            raise RuntimeError(f"{path} is missing; build it first")
+        return path
+
+
+def wine(*arguments, timeout=SECONDS_FOR_A_RUN, check=True):
+    """Runs a Windows program to its end; its output goes nowhere, because what it starts inherits
+    it and would keep a pipe open."""
+    return subprocess.run(
+        ["wine", *map(str, arguments)],
+        stdin=subprocess.DEVNULL,
+        stdout=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL,
+        timeout=timeout,
+        check=check,
+    )
+
+
+def golden(name, drive="C:"):
+    """A text of tests/golden. The file has LF for CR LF and one line break behind the text; its
+    paths are on drive C:, for which the world's drive is put."""
+    text = (GOLDEN / name).read_bytes().decode("utf-8")
+    assert text.endswith("\n"), f"{name} does not end in a line break"
+    return text[:-1].replace("\n", "\r\n").replace("C:\\", drive + "\\")
+
+
+def lines(text):
+    return text.split("\r\n")
+
+
+class Window:
+    """What the driver saw of a window."""
+
+    def __init__(self, report):
+        self.title = report["title"]
+        self.class_name = report["class"]
+        self.style = report["style"]
+        self.exstyle = report["exstyle"]
+        self.foreground = report["foreground"]
+        self.rect = report["rect"]
+        self.client = report["client"]
+        self.controls = report["controls"]
+
+    def of_class(self, name):
+        return [c for c in self.controls if c["class"].lower() == name.lower() and c["visible"]]
+
+    @property
+    def buttons(self):
+        return [control["text"] for control in self.of_class("Button")]
+
+    @property
+    def edit(self):
+        (edit,) = self.of_class("Edit")
+        return edit
+
+    @property
+    def box_text(self):
+        """The text of a message box."""
+        (text,) = [c for c in self.of_class("Static") if c["id"] == 65535]
+        return text["text"]
+
+
+class Run:
+    """The report of one run of the driver."""
+
+    def __init__(self, report):
+        self.report = report
+        self.steps = report["steps"]
+        self.ok = report["ok"]
+        self.exit_code = report.get("exitCode")
+        self.running = report.get("running")
+
+    def step(self, action, index=0):
+        return [step for step in self.steps if step["action"] == action][index]
+
+    def windows(self, action="window"):
+        return [Window(step["window"]) for step in self.steps if step["action"] == action]
+
+    def describe(self):
+        failed = [step for step in self.steps if "failure" in step]
+        return json.dumps(
+            {"failed": failed, "windows": self.report.get("windows")}, ensure_ascii=False, indent=1
+        )
+
+
+def _escape(text):
+    for character, escape in (("\\", "\\\\"), ("\n", "\\n"), ("\r", "\\r"), ("\t", "\\t")):
+        text = text.replace(character, escape)
+    return text
+
+
+class World:
+    """One drive, empty at the start, with the folders Prog (the launcher) and Office (Access)."""
+
+    def __init__(self, programs, drive, folder, key):
+        self.programs = programs
+        self.drive = drive
+        self.folder = pathlib.Path(folder)
+        self.key = key  # a registry key of the test's own, below Software
+        self.work = self.folder.parent / (self.folder.name + "-work")
+        self.exe = self.path(r"\Prog\Start.exe")
+        self._registry_used = False
+        for place in (self.folder, self.work):
+            place.mkdir(parents=True)
+        self.unix(self.path(r"\Prog")).mkdir()
+        self.add_access(r"\Office")
+
+    def path(self, rest):
+        r"""The Windows path of `rest`, which begins with a backslash."""
+        return self.drive + rest
+
+    def unix(self, path):
+        if path[:2].lower() != self.drive.lower():
+            raise ValueError(f"{path} is not on drive {self.drive}")
+        return self.folder.joinpath(*[part for part in path[2:].split("\\") if part])
+
+    def golden(self, name):
+        """The text with this world's drive and, for KEY, its registry key."""
+        return golden(name, self.drive).replace("KEY", self.key)
+
+    # Files
+
+    def write(self, rest, content=b"x"):
+        """Makes a file and its folders; returns its Windows path."""
+        path = self.path(rest)
+        file = self.unix(path)
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_bytes(content if isinstance(content, bytes) else content.encode("cp1252"))
+        return path
+
+    def read(self, rest):
+        return self.unix(self.path(rest)).read_bytes()
+
+    def exists(self, rest):
+        return self.unix(self.path(rest)).exists()
+
+    def add_access(self, rest):
+        folder = self.unix(self.path(rest))
+        folder.mkdir(parents=True, exist_ok=True)
+        shutil.copyfile(self.programs.access, folder / "msaccess.exe")
+
+    def snapshot(self):
+        """Every file of the drive with its bytes."""
+        return {
+            str(file.relative_to(self.folder)): file.read_bytes()
+            for file in self.folder.rglob("*")
+            if file.is_file()
+        }
+
+    # The launcher
+
+    def use(self, rest):
+        """Names the launcher's file."""
+        self.exe = self.path(rest)
+        self.unix(self.exe).parent.mkdir(parents=True, exist_ok=True)
+
+    def copy_unbranded(self):
+        shutil.copyfile(self.programs.launcher, self.unix(self.exe))
+
+    def brand(self, stored=None, **fields):
+        """Brands a copy of the launcher with plain values; `stored` gives value areas as they are
+        to stand in the file."""
+        image = brandfile.BrandFile.read(self.programs.launcher)
+        for name, value in fields.items():
+            image.set_value(name, value)
+        for name, text in (stored or {}).items():
+            image.set_stored(name, text)
+        image.set_branded()
+        image.write(self.unix(self.exe))
+
+    def brand_with_access(self, **fields):
+        """As brand, with a way to Access that needs no registry."""
+        fields.setdefault("AccPath", self.path(r"\Office"))
+        self.brand(**fields)
+
+    def drive_program(self, steps, line, application=None, environment=None, folder=""):
+        """Lets the driver start a program and carry out steps, which are tuples of texts."""
+        script = [("env", name, value) for name, value in (environment or {}).items()]
+        script += [("folder", folder)] if folder else []
+        script += [("start", self.exe if application is None else application, line), *steps]
+        text = "".join("\t".join(map(_escape, map(str, step))) + "\n" for step in script)
+        (self.work / "script").write_text(text, encoding="utf-8")
+        report = self.work / "report"
+        report.unlink(missing_ok=True)
+        wine(
+            self.programs.driver,
+            "Z:" + str(self.work / "script").replace("/", "\\"),
+            "Z:" + str(report).replace("/", "\\"),
+            check=False,
+        )
+        assert report.is_file(), "the driver wrote no report"
+        return Run(json.loads(report.read_text(encoding="utf-8")))
+
+    def run(self, tail="", steps=(("exit",),), **options):
+        """Starts the launcher with a command-line tail and carries out steps, all of which must
+        succeed; the program must end with code 0."""
+        line = options.pop("line", None)
+        if line is None:
+            line = f'"{self.exe}"' + (" " + tail if tail else "")
+        run = self.drive_program(list(steps), line, **options)
+        assert run.ok, run.describe()
+        assert not run.running
+        assert run.exit_code == 0
+        return run
+
+    def log_window(self, tail="/T", before=(), **options):
+        """Shows the log window, closes it and returns it as it was."""
+        steps = [*before, ("window", f"title={LOG_WINDOW}"), ("close",), ("gone",), ("exit",)]
+        return self.run(tail, steps, **options).windows()[-1]
+
+    def shown(self, tail="/T", **options):
+        """The text of the log window."""
+        return self.log_window(tail, **options).edit["text"]
+
+    def error_box(self, tail="", **options):
+        """Shows the error box, ends with it and returns it."""
+        steps = [
+            ("window", f"title={PROJECT}"),
+            ("press", "caption", "&Beenden"),
+            ("gone",),
+            ("exit",),
+        ]
+        return self.run(tail, steps, **options).windows()[-1]
+
+    def details(self, tail="", **options):
+        """The text behind "&Details" of the error box."""
+        steps = [
+            ("window", f"title={PROJECT}"),
+            ("press", "caption", "&Details"),
+            ("window", f"title={LOG_WINDOW}"),
+            ("close",),
+            ("gone",),
+            ("exit",),
+        ]
+        return self.run(tail, steps, **options).windows()[-1].edit["text"]
+
+    def sections(self, tail="/T", **options):
+        """The text of the test mode by its bracketed headings, as lists of lines; the empty lines
+        that separate sections are left out. The composed line is under ""."""
+        result = {"": []}
+        current = result[""]
+        for line in lines(self.shown(tail, **options)):
+            if line.startswith("[") and line.endswith("]"):
+                current = result[line[1:-1]] = []
+            elif line:
+                current.append(line)
+        result[""] = result[""][1]
+        return result
+
+    def started(self, tail="", office=r"\Office", **options):
+        """Starts Access for real; returns what the stand-in was started with."""
+        record = self.unix(self.path(office + r"\msaccess.rec"))
+        record.unlink(missing_ok=True)
+        self.run(tail, **options)
+        return self.record(record)
+
+    @staticmethod
+    def record(file, seconds=10):
+        """What the stand-in wrote, waiting for it: the launcher does not."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            content = file.read_bytes() if file.exists() else b""
+            if content.endswith(b"\r\n\r\n"):
+                entries = {}
+                for line in content.decode("utf-8").split("\r\n"):
+                    name, _, value = line.partition("=")
+                    entries.setdefault(name, []).append(value)
+                return {k: v if k == "arg" else v[-1] for k, v in entries.items() if k}
+            time.sleep(0.02)
+        raise AssertionError(f"waited {seconds} seconds for {file} in vain")
+
+    def nothing_started(self, office=r"\Office"):
+        return not self.exists(office + r"\msaccess.rec")
+
+    def log(self, rest=r"\Prog\Start.log"):
+        return self.read(rest).decode("cp1252")
+
+    # The registry
+
+    def registry(self, values, key=None):
+        r"""Writes text values below HKCU\Software\<key of the test> or the key given, which begins
+        with the root's long name. Other types are given as the text of a registry file."""
+        self._registry_used = True
+        if key is None:
+            key = "HKEY_CURRENT_USER\\Software\\" + self.key
+        rows = []
+        for name, value in values.items():
+            quoted = value.replace("\\", "\\\\").replace('"', '\\"')
+            data = value if value.startswith(("dword:", "hex")) else f'"{quoted}"'
+            rows.append(("@" if name == "" else f'"{name}"') + "=" + data)
+        self._import([f"[{key}]", *rows])
+
+    def remove_key(self, key):
+        self._import([f"[-{key}]"])
+
+    def _import(self, rows):
+        text = "\r\n".join(["Windows Registry Editor Version 5.00", "", *rows, "", ""])
+        file = self.work / "values.reg"
+        # UTF-8 would be taken for the code page's bytes.
+        file.write_bytes(b"\xff\xfe" + text.encode("utf-16-le"))
+        wine("regedit", "/S", "Z:" + str(file).replace("/", "\\"))
+
+    def close(self):
+        if self._registry_used:
+            for root in ("HKEY_CURRENT_USER\\Software", "HKEY_LOCAL_MACHINE\\SOFTWARE"):
+                self.remove_key(f"{root}\\{self.key}")
+        for place in (self.folder, self.work):
+            shutil.rmtree(place)
+
+
+def make_world(programs, worker):
+    """A world for a worker of the test run; each has a drive of its own."""
+    prefix = pathlib.Path(os.environ["WINEPREFIX"])
+    number = int(worker.removeprefix("gw")) if worker.startswith("gw") else 0
+    letter = "RSTUVWXYQPONMLK"[number]
+    folder = prefix / "drive_c" / "e2e" / letter
+    for place in (folder, folder.parent / (letter + "-work")):
+        shutil.rmtree(place, ignore_errors=True)
+    link = prefix / "dosdevices" / (letter.lower() + ":")
+    link.unlink(missing_ok=True)
+    link.symlink_to(folder)
+    return World(programs, letter + ":", folder, f"TarvexTest{letter}")
