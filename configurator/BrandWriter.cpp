@@ -1,0 +1,207 @@
+#include "configurator/BrandWriter.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "branding/StoredValue.h"
+#include "branding/cuBrand.h"
+#include "errors/RaisedError.h"
+#include "util/Text.h"
+
+namespace tarvex {
+namespace {
+
+/// Removes a temporary file unless it has taken the target's place.
+class Copy {
+public:
+    Copy(FileStore& store, std::u16string_view target, const std::string& bytes)
+        : store_(store), path_(store.WriteNewBeside(target, bytes)) {}
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+    ~Copy() {
+        if (path_.empty()) {
+            return;
+        }
+        try {
+            store_.Remove(path_);
+        } catch (...) {
+            // What went wrong before is what the user must hear of.
+        }
+    }
+
+    const std::u16string& Path() const { return path_; }
+
+    void Replace(std::u16string_view target) {
+        store_.ReplaceWith(path_, target);
+        path_.clear();
+    }
+
+private:
+    FileStore& store_;
+    std::u16string path_;
+};
+
+std::u16string StoredForm(const BrandField& field, std::u16string_view plain,
+                          const TextCodec& codec) {
+    StoredValue value = MakeStoredValue(field, plain, codec);
+    if (!value.problem.empty()) {
+        throw RaisedError{.number = 0,
+                          .source = {},
+                          .description = std::u16string(field.name) + u": " + value.problem,
+                          .helpFile = {},
+                          .helpContext = 0,
+                          .line = 0};
+    }
+    return std::move(value.stored);
+}
+
+std::u16string Padded(std::u16string text, std::int32_t width) {
+    text.resize(static_cast<std::size_t>(width), u' ');
+    return text;
+}
+
+/// The bytes with every value area and the marker's digit blanked out.
+std::string Unchangeable(std::string_view bytes, const LauncherImage& places) {
+    std::string rest(bytes);
+    for (const BrandField& field : kBrandFields) {
+        if (const LauncherImage::Mark* mark = places.Find(field.number)) {
+            rest.replace(mark->valueStart, 2 * mark->area.size(), 2 * mark->area.size(), ' ');
+        }
+    }
+    if (!places.IsBranded()) {
+        rest[places.MarkerDigit()] = ' ';
+    }
+    return rest;
+}
+
+}  // namespace
+
+Problems BrandWriter::Brand(std::u16string_view source, std::u16string_view output,
+                            const Settings& settings) {
+    Settings all = settings;
+    for (const BrandField& field : kBrandFields) {
+        if (!all.Has(field.number)) {
+            all.Set(field.number, {});
+        }
+    }
+    return Write(Purpose::Brand, source, output, all);
+}
+
+Problems BrandWriter::Change(std::u16string_view file, const Settings& changes) {
+    return Write(Purpose::Change, file, file, changes);
+}
+
+Problems BrandWriter::Write(Purpose purpose, std::u16string_view source, std::u16string_view output,
+                            const Settings& settings) {
+    std::u16string_view place = source;
+    try {
+        const std::string bytes = store_.ReadAll(source);
+        const LauncherImage image = LauncherImage::Read(bytes, source);
+        Problems problems = image.ReadProblems();
+        Append(problems, image.ChangeProblems());
+        if (purpose == Purpose::Brand && image.IsBranded()) {
+            problems.push_back({std::u16string(source),
+                                0,
+                                {},
+                                u"Das Startprogramm ist bereits konfiguriert; 'brand' braucht ein "
+                                u"unkonfiguriertes. Einzelne Werte ändert 'set'."});
+        }
+        if (!problems.empty()) {
+            return problems;
+        }
+        place = output;
+        return WriteCopy(purpose, bytes, image, output, settings);
+    } catch (...) {
+        return {{std::u16string(place), 0, {}, CurrentError().description}};
+    }
+}
+
+Problems BrandWriter::WriteCopy(Purpose purpose, const std::string& bytes,
+                                const LauncherImage& image, std::u16string_view output,
+                                const Settings& settings) {
+    Copy copy(store_, output, bytes);
+    SaveWithCuBrand(purpose, copy.Path(), image, settings);
+    Problems problems =
+        CompareBranded(bytes, store_.ReadAll(copy.Path()), settings, output, codec_);
+    if (problems.empty()) {
+        copy.Replace(output);
+    }
+    return problems;
+}
+
+void BrandWriter::SaveWithCuBrand(Purpose purpose, std::u16string_view file,
+                                  const LauncherImage& image, const Settings& settings) {
+    cuBrand brand(&files_, nullptr);
+    brand.SetMode(BrandMode::File);
+    brand.SetDenyMultiBranding(purpose == Purpose::Brand);
+    brand.SetFileName(file);
+    brand.LoadFromFile();
+    for (const auto& [number, entry] : settings.Entries()) {
+        const BrandField& field = *FindBrandField(number);
+        cuBranding& item = brand.Brandings().Item(number);
+        // A value that crosses a block was loaded only up to there. With the whole value the item
+        // knows that it has to be written even when the new value is what had been loaded.
+        item.SetValue(image.StoredText(number));
+        item.SetValue(StoredForm(field, entry.value, codec_));
+    }
+    // Only what changed: marks of fields that are not known here stay as they are.
+    brand.Save(true);
+    brand.SetFileName({});
+}
+
+Settings ReadSettings(const LauncherImage& image, std::u16string_view name, const TextCodec& codec,
+                      Problems& problems) {
+    Settings settings;
+    for (const BrandField& field : kBrandFields) {
+        if (image.Find(field.number) == nullptr) {
+            continue;
+        }
+        try {
+            settings.Set(field.number, PlainValue(field, image.StoredText(field.number), codec));
+        } catch (...) {
+            problems.push_back(
+                {std::u16string(name), 0, std::u16string(field.name),
+                 u"Der gespeicherte Wert ist nicht lesbar: " + CurrentError().description});
+        }
+    }
+    return settings;
+}
+
+Problems CompareBranded(std::string_view before, std::string_view after, const Settings& settings,
+                        std::u16string_view name, const TextCodec& codec) {
+    const std::u16string file(name);
+    const LauncherImage old = LauncherImage::Read(before, name);
+    const LauncherImage image = LauncherImage::Read(after, name);
+    Problems problems = image.ReadProblems();
+    if (before.size() != after.size()) {
+        problems.push_back({file, 0, {}, u"Beim Schreiben hat sich die Größe der Datei geändert."});
+        return problems;
+    }
+    if (!image.IsBranded()) {
+        problems.push_back({file, 0, {}, u"Die Kennung wurde nicht geschrieben."});
+    }
+    for (const BrandField& field : kBrandFields) {
+        const LauncherImage::Mark* mark = image.Find(field.number);
+        const LauncherImage::Mark* oldMark = old.Find(field.number);
+        if (mark == nullptr || oldMark == nullptr) {
+            continue;  // reported above
+        }
+        const std::u16string expected =
+            settings.Has(field.number)
+                ? Padded(StoredForm(field, settings.Value(field.number), codec), field.width)
+                : oldMark->area;
+        const bool readsBack = !settings.Has(field.number) ||
+                               PlainValue(field, mark->area, codec) == settings.Value(field.number);
+        if (mark->area != expected || !readsBack) {
+            problems.push_back({file, 0, std::u16string(field.name),
+                                u"Der geschriebene Wert wird nicht so zurückgelesen."});
+        }
+    }
+    if (Unchangeable(before, old) != Unchangeable(after, old)) {
+        problems.push_back(
+            {file, 0, {}, u"Außerhalb der Werte hat sich die Datei beim Schreiben geändert."});
+    }
+    return problems;
+}
+
+}  // namespace tarvex

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "configurator/LauncherImage.h"
+#include "configurator/Model.h"
+#include "platform/BinaryFile.h"
+#include "platform/FileStore.h"
+
+namespace tarvex {
+
+/// Writes settings into launcher files. It works on a copy beside the target, reads the copy back,
+/// compares every field and byte, and only then gives it the target's name in one step. After a
+/// failure the target is as it was and the copy is gone.
+class BrandWriter {
+public:
+    /// Neither is owned; they outlive this object. `codec` is that of the settings (one byte per
+    /// character).
+    BrandWriter(FileStore& store, BinaryFiles& files, const TextCodec& codec)
+        : store_(store), files_(files), codec_(codec) {}
+
+    /// Makes `output` from the not yet branded program `source` with these settings; fields that
+    /// are not set stay empty. Returns what went wrong, nothing when it is done.
+    Problems Brand(std::u16string_view source, std::u16string_view output,
+                   const Settings& settings);
+
+    /// Changes the fields that are set in `changes`, and no other, in a branded or unbranded file.
+    Problems Change(std::u16string_view file, const Settings& changes);
+
+private:
+    enum class Purpose { Brand, Change };
+
+    Problems Write(Purpose purpose, std::u16string_view source, std::u16string_view output,
+                   const Settings& settings);
+    Problems WriteCopy(Purpose purpose, const std::string& bytes, const LauncherImage& image,
+                       std::u16string_view output, const Settings& settings);
+    void SaveWithCuBrand(Purpose purpose, std::u16string_view file, const LauncherImage& image,
+                         const Settings& settings);
+
+    FileStore& store_;
+    BinaryFiles& files_;
+    const TextCodec& codec_;
+};
+
+/// The plain values of all fields of a launcher; a value that cannot be read is a problem and is
+/// left out. `name` names the file in the problems.
+Settings ReadSettings(const LauncherImage& image, std::u16string_view name, const TextCodec& codec,
+                      Problems& problems);
+
+/// Whether a file that was branded is what it should be: same length as before, the given values
+/// in the fields that are set, all other value areas as before, marked as branded, and no other
+/// byte changed. Returns what is not so.
+Problems CompareBranded(std::string_view before, std::string_view after, const Settings& settings,
+                        std::u16string_view name, const TextCodec& codec);
+
+}  // namespace tarvex

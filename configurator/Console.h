@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvex {
+
+/// Standard input and output of a console program. No call raises.
+class Console {
+public:
+    virtual ~Console() = default;
+
+    /// Results, and messages for the user. The text has its line ends ("\n") with it.
+    virtual void Out(std::u16string_view text) = 0;
+    virtual void Err(std::u16string_view text) = 0;
+
+    /// One line of standard input without its line end; nothing at the end of the input. At a
+    /// terminal `prompt` is shown first and what is typed is not shown.
+    virtual std::optional<std::u16string> ReadSecretLine(std::u16string_view prompt) = 0;
+};
+
+}  // namespace tarvex

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "branding/BrandFields.h"
+#include "platform/TextCodec.h"
+
+namespace tarvex {
+
+/// One thing that is wrong, as it is told to the user in one line.
+struct Problem {
+    std::u16string place;   ///< the file, or the option of the command line; may be empty
+    std::int32_t line = 0;  ///< 1-based line of a settings file; 0: none
+    std::u16string field;   ///< name of the field; may be empty
+    std::u16string text;    ///< German
+};
+
+using Problems = std::vector<Problem>;
+
+/// "Kunden.ini, Zeile 12, Pwd: ..." without a line break; a line break inside becomes a blank.
+std::u16string ProblemLine(const Problem& problem);
+
+/// Adds the problems of `more` behind those of `problems`.
+void Append(Problems& problems, Problems more);
+
+/// Plain values of fields, each with the line of the settings file that it came from.
+class Settings {
+public:
+    struct Entry {
+        std::u16string value;   ///< plain, in the form that AcceptValue gives
+        std::int32_t line = 0;  ///< 1-based; 0 when the value is from no settings file
+    };
+
+    /// The value of a field, empty when there is none.
+    std::u16string_view Value(std::int32_t number) const;
+
+    /// Line of the value, 0 when it has none.
+    std::int32_t Line(std::int32_t number) const;
+
+    /// True when the field was set, to an empty value included.
+    bool Has(std::int32_t number) const { return entries_.contains(number); }
+
+    void Set(std::int32_t number, std::u16string_view value, std::int32_t line = 0);
+
+    /// The fields that were set, under their numbers.
+    const std::map<std::int32_t, Entry>& Entries() const { return entries_; }
+
+private:
+    std::map<std::int32_t, Entry> entries_;
+};
+
+/// A value as a person entered it, in the form that the settings keep.
+struct AcceptedValue {
+    std::u16string value;    ///< without blanks at its ends; a flag is "1", "0" or empty
+    std::u16string problem;  ///< German, why the field cannot take it; empty when it can
+};
+
+/// Checks a value for its field: flags ("1", "0", "ja", "nein", "true", "false"), characters of the
+/// code page, length of the stored form. What the value means is not checked.
+AcceptedValue AcceptValue(const BrandField& field, std::u16string_view entered,
+                          const TextCodec& codec);
+
+/// "Unbekannter Name 'DBPaht'; gemeint ist vielleicht DBPath."
+std::u16string UnknownNameText(std::u16string_view name);
+
+/// The fields sorted by their numbers.
+const std::vector<const BrandField*>& FieldsByNumber();
+
+/// Characters that a field holds whatever printable ASCII characters they are. For a credential,
+/// which is stored as a list of numbers, this is less than its width.
+std::int32_t UsableWidth(const BrandField& field, const TextCodec& codec);
+
+}  // namespace tarvex

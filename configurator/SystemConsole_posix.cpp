@@ -1,0 +1,96 @@
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "configurator/SystemConsole.h"
+#include "util/Text.h"
+
+namespace tarvex {
+namespace {
+
+void WriteAll(int file, std::u16string_view text) {
+    const std::string utf8 = text::ToUtf8(text);
+    std::string_view rest = utf8;
+    while (!rest.empty()) {
+        const ssize_t written = write(file, rest.data(), rest.size());
+        if (written < 0 && errno != EINTR) {
+            return;
+        }
+        rest.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
+    }
+}
+
+/// Keeps what is typed off the screen; does nothing when the input is no terminal.
+class EchoOff {
+public:
+    explicit EchoOff(int file) : file_(file), isTerminal_(tcgetattr(file, &before_) == 0) {
+        if (isTerminal_) {
+            termios silent = before_;
+            silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+            tcsetattr(file_, TCSAFLUSH, &silent);
+        }
+    }
+    EchoOff(const EchoOff&) = delete;
+    EchoOff& operator=(const EchoOff&) = delete;
+    ~EchoOff() {
+        if (isTerminal_) {
+            tcsetattr(file_, TCSAFLUSH, &before_);
+        }
+    }
+
+    bool IsTerminal() const { return isTerminal_; }
+
+private:
+    int file_;
+    termios before_{};
+    bool isTerminal_;
+};
+
+}  // namespace
+
+void SystemConsole::Out(std::u16string_view text) {
+    WriteAll(STDOUT_FILENO, text);
+}
+
+void SystemConsole::Err(std::u16string_view text) {
+    WriteAll(STDERR_FILENO, text);
+}
+
+std::optional<std::u16string> SystemConsole::ReadSecretLine(std::u16string_view prompt) {
+    const EchoOff silence(STDIN_FILENO);
+    if (silence.IsTerminal()) {
+        Err(prompt);
+    }
+    // Byte by byte: what follows the line belongs to the next value.
+    std::string line;
+    char byte = 0;
+    bool ended = false;
+    bool any = false;
+    while (!ended) {
+        const ssize_t count = read(STDIN_FILENO, &byte, 1);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count <= 0) {
+            break;
+        }
+        any = true;
+        ended = byte == '\n';
+        if (!ended) {
+            line += byte;
+        }
+    }
+    if (silence.IsTerminal()) {
+        Err(u"\n");
+    }
+    if (!any) {
+        return std::nullopt;
+    }
+    if (line.ends_with('\r')) {
+        line.pop_back();
+    }
+    return text::FromUtf8(line);
+}
+
+}  // namespace tarvex

@@ -1,0 +1,24 @@
+#include "configurator/Commands.h"
+#include "configurator/SystemConsole.h"
+#include "platform/win32/WideText.h"
+#include "platform/win32/Win32BinaryFiles.h"
+#include "platform/win32/Win32FileStore.h"
+#include "platform/win32/Win32TextCodec.h"
+#include "platform/win32/WindowsApi.h"
+
+int main() {
+    // A refused file or an empty drive is reported on the console, never in a box of the system.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    int count = 0;
+    wchar_t** list = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::u16string> arguments;
+    for (int i = 1; list != nullptr && i < count; ++i) {
+        arguments.emplace_back(tarvex::FromWide(list[i]));
+    }
+    LocalFree(list);
+    tarvex::Win32FileStore store;
+    tarvex::Win32BinaryFiles files;
+    const tarvex::SingleByteTextCodec codec;
+    tarvex::SystemConsole console;
+    return tarvex::Commands({store, files, codec, console}).Run(arguments);
+}
