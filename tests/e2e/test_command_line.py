@@ -163,4 +163,8 @@ def test_launcher_ends_while_access_still_runs(world):
 def test_arguments_reach_access_separately(world):
     world.write(r"\Prog\Meine Kunden.mdb")
     world.brand_with_access(DBFilename="Meine Kunden.mdb", Cmd="äöü ß €")
-    assert world.started()["arg"][1:] == [f"{world.drive}\\Prog\\Meine Kunden.mdb", "/cmd", "äöü ß €"]
+    assert world.started()["arg"] == [
+        f"{world.drive}\\Prog\\Meine Kunden.mdb",
+        "/cmd",
+        "äöü ß €",
+    ]

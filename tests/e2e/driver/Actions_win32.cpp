@@ -1,10 +1,10 @@
 #include <unordered_map>
 
+#include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/Driver.h"
 #include "tests/e2e/driver/Input.h"
 #include "tests/e2e/driver/StepFailure.h"
-#include "tests/e2e/driver/WideText.h"
 #include "util/Text.h"
 
 // What each word of a script does. The arguments are listed in README.md.

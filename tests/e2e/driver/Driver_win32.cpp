@@ -1,9 +1,9 @@
 #include <algorithm>
 
+#include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/Driver.h"
 #include "tests/e2e/driver/StepFailure.h"
-#include "tests/e2e/driver/WideText.h"
 #include "util/Text.h"
 
 namespace tarvex {

@@ -1,6 +1,6 @@
+#include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/StartedProgram.h"
-#include "tests/e2e/driver/WideText.h"
 
 namespace tarvex {
 

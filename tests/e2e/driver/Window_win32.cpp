@@ -1,6 +1,6 @@
+#include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/Json.h"
-#include "tests/e2e/driver/WideText.h"
 #include "tests/e2e/driver/Window.h"
 
 namespace tarvex {
@@ -87,13 +87,13 @@ std::vector<WindowHandle> VisibleWindows(std::uint32_t processId) {
 std::u16string WindowTitle(WindowHandle window) {
     wchar_t title[512];
     const int length = GetWindowTextW(window, title, static_cast<int>(std::size(title)));
-    return FromWide(title, static_cast<std::size_t>(length));
+    return std::u16string(FromWide({title, static_cast<std::size_t>(length)}));
 }
 
 std::u16string WindowClass(WindowHandle window) {
     wchar_t name[257];
     const int length = GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    return FromWide(name, static_cast<std::size_t>(length));
+    return std::u16string(FromWide({name, static_cast<std::size_t>(length)}));
 }
 
 std::u16string WindowText(WindowHandle window) {
@@ -108,7 +108,7 @@ std::u16string WindowText(WindowHandle window) {
                             SMTO_ABORTIFHUNG, kAnswerMs, &copied) == 0) {
         return {};
     }
-    return FromWide(text.data(), copied);
+    return std::u16string(FromWide({text.data(), copied}));
 }
 
 Window ReadWindow(WindowHandle window) {
