@@ -23,7 +23,11 @@ std::u16string Quoted(char16_t unit) {
     return std::u16string(u"'") + unit + u"'";
 }
 
-/// The first character that does not come back from the code page; nothing when all do.
+std::u16string CannotStore(char16_t unit) {
+    return u"Das Zeichen " + Quoted(unit) + u" kann nicht gespeichert werden.";
+}
+
+/// About the first character that no value can hold; empty when there is none.
 std::u16string CharacterProblem(std::u16string_view plain, const TextCodec& codec) {
     for (const char16_t unit : plain) {
         const std::u16string_view character(&unit, 1);
@@ -31,15 +35,17 @@ std::u16string CharacterProblem(std::u16string_view plain, const TextCodec& code
             return u"Das Zeichen " + Quoted(unit) +
                    u" gibt es in der Codepage der Einstellungen nicht.";
         }
+        if (unit == u'\0') {
+            return CannotStore(unit);
+        }
     }
     return {};
 }
 
-/// Names the first character that was not read back as it had been stored.
+/// About the first character that was not read back as it had been stored.
 std::u16string LostCharacterProblem(std::u16string_view plain, std::u16string_view readBack) {
-    const auto lost =
-        std::mismatch(plain.begin(), plain.end(), readBack.begin(), readBack.end()).first;
-    return u"Das Zeichen " + Quoted(*lost) + u" kann nicht gespeichert werden.";
+    return CannotStore(
+        *std::mismatch(plain.begin(), plain.end(), readBack.begin(), readBack.end()).first);
 }
 
 /// The loader drops blanks at the ends of a stored value. A character at the end of the value that
