@@ -1,0 +1,100 @@
+#include "platform/win32/WideText.h"
+#include "platform/win32/Win32BinaryFiles.h"
+#include "platform/win32/Win32FileFailure.h"
+#include "platform/win32/Win32FileStore.h"
+#include "platform/win32/WindowsApi.h"
+#include "tests/platform/RealFilesContract.h"
+
+namespace tarvex {
+
+namespace {
+
+class Win32World : public TestFolder {
+public:
+    BinaryFiles& files() { return files_; }
+
+private:
+    Win32BinaryFiles files_;
+};
+
+struct Win32System {
+    using Files = Win32BinaryFiles;
+    using Store = Win32FileStore;
+};
+
+}  // namespace
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Win32, BinaryFilesContract, Win32World);
+INSTANTIATE_TYPED_TEST_SUITE_P(Win32, RealFilesContract, Win32System);
+
+namespace {
+
+TEST(Win32BinaryFilesTest, ReadOnlyFileIsRefused) {
+    Win32World world;
+    world.MakeFile(u"a.exe", "alt");
+    world.MakeReadOnly(u"a.exe");
+    EXPECT_EQ(ProblemOf([&] { world.files().Open(world.Path(u"a.exe")); }),
+              FileProblem::AccessDenied);
+}
+
+TEST(Win32BinaryFilesTest, DeviceIsRefused) {
+    EXPECT_EQ(ProblemOf([] { Win32BinaryFiles().Open(u"NUL"); }), FileProblem::AccessDenied);
+    EXPECT_EQ(ProblemOf([] { Win32FileStore().ReadAll(u"NUL"); }), FileProblem::AccessDenied);
+}
+
+TEST(Win32BinaryFilesTest, OpenFileMayBeReadByOthers) {
+    Win32World world;
+    world.MakeFile(u"a.exe", "alt");
+    const auto file = world.files().Open(world.Path(u"a.exe"));
+    EXPECT_EQ(world.Bytes(u"a.exe"), "alt");
+}
+
+TEST(Win32BinaryFilesTest, SeekBeforeTheBeginningFails) {
+    Win32World world;
+    world.MakeFile(u"a.exe", "alt");
+    const auto file = world.files().Open(world.Path(u"a.exe"));
+    EXPECT_EQ(ProblemOf([&] { file->Seek(-1); }), FileProblem::Device);
+}
+
+TEST(Win32FileStoreTest, HiddenFileStaysHidden) {
+    TestFolder folder;
+    Win32FileStore store;
+    folder.MakeFile(u"a.exe", "alt");
+    const std::u16string path = folder.Path(u"a.exe");
+    SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path);
+    EXPECT_EQ(folder.Bytes(u"a.exe"), "neu");
+    EXPECT_EQ(GetFileAttributesW(Wide(path)) & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM),
+              DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM});
+}
+
+TEST(Win32FileStoreTest, FileOpenElsewhereIsNotReplaced) {
+    Win32World world;
+    Win32FileStore store;
+    world.MakeFile(u"a.exe", "alt");
+    const std::u16string path = world.Path(u"a.exe");
+    const std::u16string temp = store.WriteNewBeside(path, "neu");
+    {
+        const auto open = world.files().Open(path);
+        EXPECT_NE(ProblemOf([&] { store.ReplaceWith(temp, path); }), std::nullopt);
+    }
+    EXPECT_EQ(world.Bytes(u"a.exe"), "alt");
+    EXPECT_EQ(store.ReadAll(temp), "neu");
+}
+
+TEST(Win32FileFailureTest, CodesOfTheSystemBecomeProblems) {
+    const auto problem = [](DWORD error) { return FileFailureOf(error).problem; };
+    EXPECT_EQ(problem(ERROR_FILE_NOT_FOUND), FileProblem::NotFound);
+    EXPECT_EQ(problem(ERROR_PATH_NOT_FOUND), FileProblem::PathNotFound);
+    EXPECT_EQ(problem(ERROR_INVALID_NAME), FileProblem::PathNotFound);
+    EXPECT_EQ(problem(ERROR_ACCESS_DENIED), FileProblem::AccessDenied);
+    EXPECT_EQ(problem(ERROR_WRITE_PROTECT), FileProblem::AccessDenied);
+    EXPECT_EQ(problem(ERROR_SHARING_VIOLATION), FileProblem::InUse);
+    EXPECT_EQ(problem(ERROR_LOCK_VIOLATION), FileProblem::InUse);
+    EXPECT_EQ(problem(ERROR_DISK_FULL), FileProblem::DiskFull);
+    EXPECT_EQ(problem(ERROR_CRC), FileProblem::Device);
+}
+
+}  // namespace
+
+}  // namespace tarvex

@@ -1,0 +1,48 @@
+#include "platform/win32/WindowsApi.h"
+#include "tests/platform/RegistryContract.h"
+#include "tests/platform/ScratchRegistry_win32.h"
+
+namespace tarvex {
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Win32, RegistryContract, ScratchRegistry);
+
+namespace {
+
+TEST(Win32RegistryTest, ExpandableAndMultipleTextsAreOfAnotherType) {
+    ScratchRegistry scratch;
+    const std::string text("%SystemRoot%\0\0", 14);
+    scratch.SetValue(kHKeyCurrentUser, u"Schlüssel", u"Erweitert", REG_EXPAND_SZ, text);
+    scratch.SetValue(kHKeyCurrentUser, u"Schlüssel", u"Mehrfach", REG_MULTI_SZ, text);
+    scratch.SetValue(kHKeyCurrentUser, u"Schlüssel", u"Text", REG_SZ, text);
+    const Registry& registry = scratch.registry();
+    EXPECT_EQ(registry.ReadText(kHKeyCurrentUser, u"Schlüssel", u"Erweitert"), std::nullopt);
+    EXPECT_EQ(registry.ReadText(kHKeyCurrentUser, u"Schlüssel", u"Mehrfach"), std::nullopt);
+    EXPECT_EQ(registry.ReadText(kHKeyCurrentUser, u"Schlüssel", u"Text"), text);
+}
+
+/// The system hands out the lowest free handle.
+ULONG_PTR NextKeyHandle() {
+    HKEY key = nullptr;
+    RegOpenKeyExA(HKEY_CURRENT_USER, "Schl\xFCssel", 0, KEY_QUERY_VALUE, &key);
+    RegCloseKey(key);
+    return reinterpret_cast<ULONG_PTR>(key);
+}
+
+TEST(Win32RegistryTest, TenThousandReadsLeaveNoHandleOpen) {
+    ScratchRegistry scratch;
+    scratch.SetText(kHKeyCurrentUser, u"Schlüssel", u"Pfad", "C:\\Daten");
+    const Registry& registry = scratch.registry();
+    const ULONG_PTR before = NextKeyHandle();
+    ASSERT_NE(before, 0u);
+    for (int i = 0; i < 2500; ++i) {
+        registry.ReadText(kHKeyCurrentUser, u"Schlüssel", u"Pfad");
+        registry.ReadText(kHKeyCurrentUser, u"Schlüssel", u"Fehlt");
+        registry.ReadText(kHKeyCurrentUser, u"Fehlt", u"Pfad");
+        registry.ListValueNames(kHKeyCurrentUser, u"Schlüssel", 255, 4096);
+    }
+    EXPECT_EQ(NextKeyHandle(), before);
+}
+
+}  // namespace
+
+}  // namespace tarvex
