@@ -1,0 +1,352 @@
+#include "launch/cuTarvex.h"
+
+#include <new>
+
+#include "errors/RuntimeErrors.h"
+#include "tests/launch/LaunchFixture.h"
+
+namespace tarvex {
+namespace {
+
+template <class T>
+concept HasSettableResults = requires(T object, std::u16string text) {
+    object.SetCommandLine(text);
+}
+|| requires(T object, std::u16string text) {
+    object.SetCommandLineHiddenUserPW(text);
+}
+|| requires(T object, std::u16string text) {
+    object.SetDebugLog(text);
+}
+|| requires(T object, std::u16string text) {
+    object.SetRegProfileKey(text);
+};
+
+struct TextProperty {
+    const std::u16string& (cuTarvex::*get)() const;
+    void (cuTarvex::*set)(std::u16string);
+};
+
+const TextProperty kTexts[] = {
+    {&cuTarvex::AccRegListString, &cuTarvex::SetAccRegListString},
+    {&cuTarvex::AccPath, &cuTarvex::SetAccPath},
+    {&cuTarvex::Cmd, &cuTarvex::SetCmd},
+    {&cuTarvex::DBPath, &cuTarvex::SetDBPath},
+    {&cuTarvex::DBRegListString, &cuTarvex::SetDBRegListString},
+    {&cuTarvex::DBFilename, &cuTarvex::SetDBFilename},
+    {&cuTarvex::Macro, &cuTarvex::SetMacro},
+    {&cuTarvex::Profile, &cuTarvex::SetProfile},
+    {&cuTarvex::SystemDBPath, &cuTarvex::SetSystemDBPath},
+    {&cuTarvex::SystemDBUser, &cuTarvex::SetSystemDBUser},
+    {&cuTarvex::SystemDBPwd, &cuTarvex::SetSystemDBPwd},
+    {&cuTarvex::SystemDBRegListString, &cuTarvex::SetSystemDBRegListString},
+    {&cuTarvex::SystemDBFilename, &cuTarvex::SetSystemDBFilename},
+};
+
+const TextProperty kMarkers[] = {
+    {&cuTarvex::RegListSeparator, &cuTarvex::SetRegListSeparator},
+    {&cuTarvex::RegListSubDirSeparator, &cuTarvex::SetRegListSubDirSeparator},
+    {&cuTarvex::RegListFilenameSeparator, &cuTarvex::SetRegListFilenameSeparator},
+};
+
+struct Switch {
+    bool (cuTarvex::*get)() const;
+    void (cuTarvex::*set)(bool);
+    bool isReset;  ///< by SetDefaults
+};
+
+const Switch kSwitches[] = {
+    {&cuTarvex::OptionCompact, &cuTarvex::SetOptionCompact, true},
+    {&cuTarvex::OptionExclusive, &cuTarvex::SetOptionExclusive, true},
+    {&cuTarvex::OptionNoStartup, &cuTarvex::SetOptionNoStartup, true},
+    {&cuTarvex::OptionReadOnly, &cuTarvex::SetOptionReadOnly, true},
+    {&cuTarvex::OptionRepair, &cuTarvex::SetOptionRepair, true},
+    {&cuTarvex::OptionRuntime, &cuTarvex::SetOptionRuntime, true},
+    {&cuTarvex::OptionDecompile, &cuTarvex::SetOptionDecompile, false},
+    {&cuTarvex::TestMode, &cuTarvex::SetTestMode, false},
+    {&cuTarvex::TestModeError, &cuTarvex::SetTestModeError, false},
+    {&cuTarvex::VerifyProfile, &cuTarvex::SetVerifyProfile, false},
+};
+
+void SetEverything(cuTarvex& tarvex) {
+    std::u16string value = u"a";
+    for (const TextProperty& text : kTexts) {
+        (tarvex.*text.set)(value += u"x");
+    }
+    for (const TextProperty& marker : kMarkers) {
+        (tarvex.*marker.set)(value += u"x");
+    }
+    for (const Switch& option : kSwitches) {
+        (tarvex.*option.set)(true);
+    }
+    tarvex.SetAccVersion(3);
+}
+
+}  // namespace
+
+static_assert(!HasSettableResults<cuTarvex>);
+
+using cuTarvexTest = LaunchFixture;
+
+TEST_F(cuTarvexTest, NewObjectIsEmptyButForTheMarkers) {
+    for (const TextProperty& text : kTexts) {
+        EXPECT_EQ((tarvex_.*text.get)(), u"");
+    }
+    for (const Switch& option : kSwitches) {
+        EXPECT_FALSE((tarvex_.*option.get)());
+    }
+    EXPECT_EQ(tarvex_.RegListSeparator(), u"%|%");
+    EXPECT_EQ(tarvex_.RegListSubDirSeparator(), u"%|SubDir|%");
+    EXPECT_EQ(tarvex_.RegListFilenameSeparator(), u"%|Filename%|");
+    EXPECT_EQ(tarvex_.AccVersion(), 0);
+    EXPECT_EQ(tarvex_.CommandLine(), u"");
+    EXPECT_EQ(tarvex_.CommandLineHiddenUserPW(), u"");
+    EXPECT_EQ(tarvex_.DebugLog(), u"");
+}
+
+TEST_F(cuTarvexTest, PropertiesKeepWhatTheyAreGiven) {
+    SetEverything(tarvex_);
+    std::u16string value = u"a";
+    for (const TextProperty& text : kTexts) {
+        EXPECT_EQ((tarvex_.*text.get)(), value += u"x");
+    }
+    for (const TextProperty& marker : kMarkers) {
+        EXPECT_EQ((tarvex_.*marker.get)(), value += u"x");
+    }
+    for (const Switch& option : kSwitches) {
+        EXPECT_TRUE((tarvex_.*option.get)());
+        (tarvex_.*option.set)(false);
+        EXPECT_FALSE((tarvex_.*option.get)());
+    }
+    EXPECT_EQ(tarvex_.AccVersion(), 3);
+}
+
+TEST_F(cuTarvexTest, DefaultsResetMarkersVersionAndSixOptionsOnly) {
+    SetEverything(tarvex_);
+    tarvex_.SetDefaults();
+    std::u16string value = u"a";
+    for (const TextProperty& text : kTexts) {
+        EXPECT_EQ((tarvex_.*text.get)(), value += u"x");
+    }
+    for (const Switch& option : kSwitches) {
+        EXPECT_EQ((tarvex_.*option.get)(), !option.isReset);
+    }
+    EXPECT_EQ(tarvex_.RegListSeparator(), u"%|%");
+    EXPECT_EQ(tarvex_.RegListSubDirSeparator(), u"%|SubDir|%");
+    EXPECT_EQ(tarvex_.RegListFilenameSeparator(), u"%|Filename%|");
+    EXPECT_EQ(tarvex_.AccVersion(), 0);
+}
+
+TEST_F(cuTarvexTest, VersionsUpTo3AreStored) {
+    for (const std::int32_t version : {0, 1, 2, 3, -1, -5}) {
+        tarvex_.SetAccVersion(version);
+        EXPECT_EQ(tarvex_.AccVersion(), version);
+    }
+}
+
+TEST_F(cuTarvexTest, HigherVersionsAreRefused) {
+    tarvex_.SetAccVersion(2);
+    for (const std::int32_t version : {4, 5, 100}) {
+        EXPECT_THAT(ErrorOf([&] { tarvex_.SetAccVersion(version); }),
+                    IsError(-2147220463, "Tarvex/cuTarvex: AccVersion (Let)",
+                            "'" + std::to_string(version) +
+                                "' ist kein zulässiger Wert für die Eigenschaft 'AccVersion'."));
+        EXPECT_EQ(tarvex_.AccVersion(), 2);
+    }
+}
+
+TEST_F(cuTarvexTest, ProfileKeyFollowsTheVersion) {
+    EXPECT_EQ(cuTarvex::RegProfileKey(0), u"SOFTWARE\\Microsoft\\Office\\8.0\\Access\\Profiles");
+    EXPECT_EQ(cuTarvex::RegProfileKey(1), u"SOFTWARE\\Microsoft\\Office\\9.0\\Access\\Profiles");
+    EXPECT_EQ(cuTarvex::RegProfileKey(2), u"SOFTWARE\\Microsoft\\Office\\10.0\\Access\\Profiles");
+    EXPECT_EQ(cuTarvex::RegProfileKey(3), u"SOFTWARE\\Microsoft\\Office\\11.0\\Access\\Profiles");
+    EXPECT_EQ(cuTarvex::RegProfileKey(-1), u"");
+    EXPECT_EQ(cuTarvex::RegProfileKey(4), u"");
+}
+
+/// Whole runs of GetCommandLine.
+class GetCommandLineTest : public LaunchFixture {
+protected:
+    /// A database beside the launcher's folder and a user with a password.
+    void ConfigureKunden() {
+        InstallAccess();
+        files.AddFile(u"C:\\Prog\\Daten\\Kunden.mdb");
+        tarvex_.SetDBPath(u"Daten");
+        tarvex_.SetDBFilename(u"Kunden.mdb");
+        tarvex_.SetSystemDBUser(u"Meier");
+        tarvex_.SetSystemDBPwd(u"a/b");
+        tarvex_.SetOptionRuntime(true);
+    }
+};
+
+TEST_F(GetCommandLineTest, TypicalRun) {
+    ConfigureKunden();
+    EXPECT_TRUE(tarvex_.GetCommandLine());
+    EXPECT_EQ(CommandLine(),
+              "\"C:\\Office\\msaccess.exe\" \"C:\\Prog\\Daten\\Kunden.mdb\" /Runtime /user "
+              "\"Meier\" /pwd \"a//b\"");
+    EXPECT_EQ(MaskedLine(),
+              "\"C:\\Office\\msaccess.exe\" \"C:\\Prog\\Daten\\Kunden.mdb\" /Runtime /user "
+              "\"XXXX\" /pwd \"YYYY\"");
+    EXPECT_EQ(text::ToUtf8(tarvex_.DebugLog()),
+              "[Access-Pfad]\r\n"
+              "Absoluter Pfad wird verwendet: C:\\Office\\msaccess.exe\r\n"
+              "Access-EXE: OK\r\n"
+              "\r\n"
+              "[Datenbank-Pfad]\r\n"
+              "Absoluter Pfad: C:\\Prog\\Daten\\\r\n"
+              "Berechneter Pfad: C:\\Prog\\Daten\\\r\n"
+              "Datenbank: : C:\\Prog\\Daten\\Kunden.mdb\r\n"
+              "Datenbank: OK\r\n"
+              "\r\n"
+              "[SysDB-Pfad]\r\n"
+              "Keine SysDB\r\n"
+              "\r\n"
+              "[Profil]\r\n"
+              "Kein Profil eingestellt");
+    EXPECT_FALSE(tarvex_.TestModeError());
+}
+
+TEST_F(GetCommandLineTest, FailureLeavesTheLogUpToItAndNoLines) {
+    ConfigureKunden();
+    ASSERT_TRUE(tarvex_.GetCommandLine());
+    files.Remove(u"C:\\Prog\\Daten\\Kunden.mdb");
+    ui.pointerDefault = false;
+    EXPECT_THAT(RunError(),
+                IsError(-2147220475, "Tarvex/cuTarvex: GetDBPath: : GetCommandLine",
+                        "Die Datenbank 'C:\\Prog\\Daten\\Kunden.mdb' ist nicht vorhanden."));
+    EXPECT_EQ(CommandLine(), "");
+    EXPECT_EQ(MaskedLine(), "");
+    EXPECT_EQ(text::ToUtf8(tarvex_.DebugLog()),
+              "[Access-Pfad]\r\n"
+              "Absoluter Pfad wird verwendet: C:\\Office\\msaccess.exe\r\n"
+              "Access-EXE: OK\r\n"
+              "\r\n"
+              "[Datenbank-Pfad]\r\n"
+              "Absoluter Pfad: C:\\Prog\\Daten\\\r\n"
+              "Berechneter Pfad: C:\\Prog\\Daten\\\r\n"
+              "Datenbank: : C:\\Prog\\Daten\\Kunden.mdb\r\n"
+              "Datenbank: C:\\Prog\\Daten\\Kunden.mdb ist nicht vorhanden!");
+    EXPECT_TRUE(ui.pointerDefault);
+}
+
+TEST_F(GetCommandLineTest, EachRunStartsAnew) {
+    InstallAccess();
+    tarvex_.SetTestMode(true);
+    tarvex_.SetDBFilename(u"fehlt.mdb");
+    EXPECT_TRUE(tarvex_.GetCommandLine());
+    EXPECT_TRUE(tarvex_.TestModeError());
+    tarvex_.SetDBFilename(u"");
+    EXPECT_TRUE(tarvex_.GetCommandLine());
+    EXPECT_FALSE(tarvex_.TestModeError());
+    const std::u16string log = tarvex_.DebugLog();
+    EXPECT_TRUE(tarvex_.GetCommandLine());
+    EXPECT_EQ(tarvex_.DebugLog(), log);
+    EXPECT_EQ(CommandLine(), "\"C:\\Office\\msaccess.exe\"");
+}
+
+TEST_F(GetCommandLineTest, StepsRunInOrder) {
+    InstallAccess();
+    tarvex_.GetCommandLine();
+    StringList headers;
+    for (const std::string& line : DebugLines()) {
+        if (line.substr(0, 1) == "[") {
+            headers.push_back(line);
+        }
+    }
+    EXPECT_EQ(headers,
+              (StringList{"[Access-Pfad]", "[Datenbank-Pfad]", "[SysDB-Pfad]", "[Profil]"}));
+}
+
+TEST_F(GetCommandLineTest, FailedStepStopsTheRest) {
+    InstallAccess();
+    tarvex_.SetDBFilename(u"fehlt.mdb");
+    tarvex_.SetSystemDBFilename(u"System.mdw");
+    tarvex_.SetProfile(u"Büro");
+    tarvex_.SetVerifyProfile(true);
+    EXPECT_TRUE(RunError().has_value());
+    EXPECT_EQ(files.log, (std::vector<std::u16string>{u"exists C:\\Office\\msaccess.exe",
+                                                      u"exists C:\\Prog\\fehlt.mdb"}));
+    EXPECT_TRUE(registry.log.empty());
+}
+
+TEST_F(GetCommandLineTest, RuntimeErrorInsideAStepKeepsNumberAndDescription) {
+    struct : FakeRegistry {
+        std::optional<std::string> ReadText(std::int32_t, std::u16string_view,
+                                            std::u16string_view) const override {
+            throw std::bad_alloc();
+        }
+    } failing;
+    cuTarvex tarvex({failing, files, codec, codec, ui, program});
+    EXPECT_THAT(ErrorOf([&] { tarvex.GetCommandLine(); }),
+                IsError(runtime_error::kOutOfMemory, "Tarvex: : GetCommandLine",
+                        "Nicht genügend Speicher"));
+    EXPECT_EQ(Lines(tarvex.DebugLog()).size(), 3U);
+}
+
+/// A way to fail with one launch error, and whether test mode softens it.
+struct Failure {
+    std::int32_t code;
+    bool softened;
+    std::function<void(cuTarvex&)> set;
+};
+
+void PrintTo(const Failure& failure, std::ostream* out) {
+    *out << "code " << failure.code;
+}
+
+class TestModeTest : public LaunchFixture, public ::testing::WithParamInterface<Failure> {
+protected:
+    TestModeTest() {
+        InstallAccess();
+        GetParam().set(tarvex_);
+    }
+};
+
+TEST_P(TestModeTest, FailureRaisesInANormalRun) {
+    const auto error = RunError();
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number, -2147220480 + GetParam().code);
+}
+
+TEST_P(TestModeTest, FailureIsNotedOrRaisedInTestMode) {
+    tarvex_.SetTestMode(true);
+    const auto error = RunError();
+    EXPECT_EQ(error.has_value(), !GetParam().softened);
+    EXPECT_EQ(tarvex_.TestModeError(), GetParam().softened);
+    EXPECT_EQ(tarvex_.CommandLine().empty(), !GetParam().softened);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LaunchErrors, TestModeTest,
+    ::testing::Values(
+        Failure{2, false, [](cuTarvex& tarvex) { tarvex.SetAccPath(u""); }},
+        Failure{3, true, [](cuTarvex& tarvex) { tarvex.SetAccPath(u"D:\\"); }},
+        Failure{5, true, [](cuTarvex& tarvex) { tarvex.SetDBFilename(u"fehlt.mdb"); }},
+        Failure{6, true, [](cuTarvex& tarvex) { tarvex.SetCmd(u"x"); }},
+        Failure{7, true,
+                [](cuTarvex& tarvex) {
+                    tarvex.SetProfile(u"Büro");
+                    tarvex.SetVerifyProfile(true);
+                }},
+        Failure{9, true, [](cuTarvex& tarvex) { tarvex.SetSystemDBFilename(u"fehlt.mdw"); }},
+        Failure{10, false,
+                [](cuTarvex& tarvex) {
+                    tarvex.SetRegListSeparator(u"");
+                    tarvex.SetAccRegListString(u"x");
+                }},
+        Failure{11, false, [](cuTarvex& tarvex) { tarvex.RegListAdd(0, u"HKLM\\A\\B"); }},
+        Failure{12, true,
+                [](cuTarvex& tarvex) {
+                    tarvex.SetRegListSeparator(u"");
+                    tarvex.SetDBRegListString(u"x");
+                }},
+        Failure{13, true, [](cuTarvex& tarvex) { tarvex.RegListAdd(1, u"HKLM\\A\\B"); }},
+        Failure{14, true,
+                [](cuTarvex& tarvex) {
+                    tarvex.SetRegListSeparator(u"");
+                    tarvex.SetSystemDBRegListString(u"x");
+                }},
+        Failure{15, true, [](cuTarvex& tarvex) { tarvex.RegListAdd(2, u"HKLM\\A\\B"); }}));
+
+}  // namespace tarvex
