@@ -55,4 +55,10 @@ RaisedError CurrentError() {
     }
 }
 
+void RaiseAgain(std::u16string_view place) {
+    RaisedError error = CurrentError();
+    ExtendSource(error, place);
+    throw RaisedError(std::move(error));
+}
+
 }  // namespace tarvex

@@ -25,6 +25,10 @@ void ExtendSource(RaisedError& error, std::u16string_view place);
 /// block only.
 RaisedError CurrentError();
 
+/// Raises the exception being handled again, as a numbered error with `place` added to its source.
+/// Call it inside a catch block only.
+[[noreturn]] void RaiseAgain(std::u16string_view place);
+
 /// Runs `body`; an error that leaves it is raised again, unchanged but for `place` (class name, ":
 /// ", operation name) being added to its source. Every public operation of a class that the user's
 /// error report shall name runs inside this.
@@ -33,9 +37,7 @@ decltype(auto) AtPlace(std::u16string_view place, Body&& body) {
     try {
         return std::forward<Body>(body)();
     } catch (...) {
-        RaisedError error = CurrentError();
-        ExtendSource(error, place);
-        throw error;
+        RaiseAgain(place);
     }
 }
 

@@ -60,25 +60,19 @@ protected:
     int window = 0;
 };
 
-TEST_F(HelpTest, AHlpFileIsOpenedByTheClassicEngine) {
-    Show(u"C:\\Prog\\Start.hlp");
-    ASSERT_EQ(api.calls.size(), 1u);
-    EXPECT_EQ(api.calls[0].engine, u"hlp");
-    EXPECT_EQ(api.calls[0].owner, &window);
-    EXPECT_EQ(api.calls[0].path, u"C:\\Prog\\Start.hlp");
-    EXPECT_EQ(api.calls[0].command, 1u);
-    EXPECT_EQ(api.calls[0].data, 42);
-    EXPECT_TRUE(ui.boxes.empty());
-}
-
-TEST_F(HelpTest, AChmFileIsOpenedByTheHtmlEngine) {
-    Show(u"C:\\Prog\\Start.chm");
-    ASSERT_EQ(api.calls.size(), 1u);
-    EXPECT_EQ(api.calls[0].engine, u"chm");
-    EXPECT_EQ(api.calls[0].owner, &window);
-    EXPECT_EQ(api.calls[0].path, u"C:\\Prog\\Start.chm");
-    EXPECT_EQ(api.calls[0].command, 15u);
-    EXPECT_EQ(api.calls[0].data, 42);
+TEST_F(HelpTest, EachExtensionHasItsEngineAndCommand) {
+    const HelpCall expected[] = {{u"hlp", &window, u"C:\\Prog\\Start.hlp", 1, 42},
+                                 {u"chm", &window, u"C:\\Prog\\Start.chm", 15, 42}};
+    for (const HelpCall& call : expected) {
+        Show(call.path);
+        ASSERT_FALSE(api.calls.empty());
+        EXPECT_EQ(api.calls.back().engine, call.engine);
+        EXPECT_EQ(api.calls.back().owner, call.owner);
+        EXPECT_EQ(api.calls.back().path, call.path);
+        EXPECT_EQ(api.calls.back().command, call.command);
+        EXPECT_EQ(api.calls.back().data, call.data);
+    }
+    EXPECT_EQ(api.calls.size(), 2u);
     EXPECT_TRUE(ui.boxes.empty());
 }
 
