@@ -97,6 +97,7 @@ private:
             return false;
         }
         SetFonts(WindowDpi(Window()));
+        PlaceControls();
         SendMessageW(edit_, EM_SETLIMITTEXT, 0, 0);
         SetWindowTextW(edit_, Wide(text_));
         SendMessageW(edit_, EM_SETSEL, 0, 0);

@@ -26,14 +26,12 @@ public:
     }
 
 protected:
+    void OnShown() override {
+        SetTimer(Window(), kTimer1, static_cast<UINT>(milliseconds_), nullptr);
+    }
+
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override {
         switch (message) {
-            case WM_SHOWWINDOW:
-                // The time counts from the moment the user sees the picture.
-                if (first != FALSE) {
-                    SetTimer(Window(), kTimer1, static_cast<UINT>(milliseconds_), nullptr);
-                }
-                return 0;
             case WM_TIMER:
                 KillTimer(Window(), kTimer1);
                 Close();

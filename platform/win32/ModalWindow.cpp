@@ -33,8 +33,7 @@ bool ModalWindow::Create(const Layout& layout) {
 }
 
 void ModalWindow::RunUntilClosed(HACCEL accelerators) {
-    BringToFront();
-    UpdateWindow(window_);
+    ShowInFront();
     MSG message;
     while (window_ != nullptr && GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (accelerators == nullptr ||
@@ -74,6 +73,9 @@ LRESULT CALLBACK ModalWindow::Procedure(HWND window, UINT message, WPARAM first,
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         self->window_ = nullptr;
+        // A window that another program's sent message closes goes while the loop waits for a
+        // posted one: this wakes it.
+        PostMessageW(nullptr, WM_NULL, 0, 0);
     }
     return result;
 }
@@ -93,9 +95,11 @@ LRESULT ModalWindow::OnMessageGuarded(UINT message, WPARAM first, LPARAM second)
 
 // Windows may refuse the foreground to a program that the user did not start himself, and would
 // leave the window behind others. Being topmost for a moment brings it up in any case.
-void ModalWindow::BringToFront() const {
+void ModalWindow::ShowInFront() {
     constexpr UINT kInPlace = SWP_NOMOVE | SWP_NOSIZE;
     SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, kInPlace | SWP_SHOWWINDOW);
+    UpdateWindow(window_);
+    OnShown();
     SetWindowPos(window_, HWND_NOTOPMOST, 0, 0, 0, 0, kInPlace);
     SetForegroundWindow(window_);
 }

@@ -37,13 +37,16 @@ protected:
 
     void Close();
 
+    /// Called once when the user sees the window.
+    virtual void OnShown() {}
+
     /// Handles a message; everything not handled goes to the default implementation.
     virtual LRESULT OnMessage(UINT message, WPARAM first, LPARAM second);
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT OnMessageGuarded(UINT message, WPARAM first, LPARAM second);
-    void BringToFront() const;
+    void ShowInFront();
 
     HWND window_ = nullptr;
     std::exception_ptr failure_;

@@ -41,15 +41,10 @@ std::string Win32VersionResource::AnsiPath(std::u16string_view path) const {
 }
 
 std::u16string Win32VersionResource::FullPathName(std::u16string_view path) const {
-    const std::string ansiPath = AnsiPath(path);
-    std::string full(MAX_PATH, '\0');
-    DWORD length =
-        GetFullPathNameA(ansiPath.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-    if (length >= full.size()) {
-        full.resize(length);
-        length = GetFullPathNameA(ansiPath.c_str(), static_cast<DWORD>(full.size()), full.data(),
-                                  nullptr);
-    }
+    constexpr std::size_t kLongestPath = 32768;
+    std::string full(kLongestPath, '\0');
+    const DWORD length = GetFullPathNameA(AnsiPath(path).c_str(), static_cast<DWORD>(full.size()),
+                                          full.data(), nullptr);
     full.resize(length < full.size() ? length : 0);
     return ansi_.FromAnsi(full);
 }
