@@ -108,6 +108,13 @@ class BrandFile:
     def set_value(self, name, text):
         if self.mark(name).name in CREDENTIALS:
             text = number_list(text)
+        stored = scramble(text)
+        # A blank that is stored at an end is lost. A plain blank beside it is stored as something
+        # else, and readers drop it again.
+        if stored.startswith(" "):
+            text = " " + text
+        if stored.endswith(" "):
+            text += " "
         self.set_stored(name, scramble(text))
 
     def branded(self):

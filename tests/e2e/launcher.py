@@ -7,8 +7,12 @@ import json
 import os
 import pathlib
 import shutil
+import struct
 import subprocess
+import threading
 import time
+
+import pefile
 
 import brandfile
 
@@ -69,6 +73,35 @@ def golden(name, drive="C:"):
 
 def lines(text):
     return text.split("\r\n")
+
+
+def menu_commands(program):
+    """The entries of a program's first menu, by their captions in the order of the file. Another
+    process's menu cannot be read, and a command is all that choosing an entry sends."""
+    image = pefile.PE(program)
+    (menus,) = [e for e in image.DIRECTORY_ENTRY_RESOURCE.entries if e.id == 4]
+    data = menus.directory.entries[0].directory.entries[0].data.struct
+    template = image.get_data(data.OffsetToData, data.Size)
+    place = 4 + struct.unpack_from("<H", template, 2)[0]
+    commands = {}
+    while place < len(template):
+        (flags,) = struct.unpack_from("<H", template, place)
+        place += 2
+        command = None
+        if not flags & 0x10:  # a popup has no command
+            (command,) = struct.unpack_from("<H", template, place)
+            place += 2
+        end = place
+        while template[end : end + 2] != b"\0\0":
+            end += 2
+        commands[template[place:end].decode("utf-16-le")] = command
+        place = end + 2
+    return commands
+
+
+def windows_path(file):
+    """How Windows programs name a file of this system."""
+    return "Z:" + str(file).replace("/", "\\")
 
 
 class Window:
@@ -158,8 +191,8 @@ class World:
         return self.folder.joinpath(*[part for part in path[2:].split("\\") if part])
 
     def golden(self, name):
-        """The text with this world's drive and, for KEY, its registry key."""
-        return golden(name, self.drive).replace("KEY", self.key)
+        """The text with this world's drive and, for TESTKEY, its registry key."""
+        return golden(name, self.drive).replace("TESTKEY", self.key)
 
     # Files
 
@@ -227,8 +260,8 @@ class World:
         report.unlink(missing_ok=True)
         wine(
             self.programs.driver,
-            "Z:" + str(self.work / "script").replace("/", "\\"),
-            "Z:" + str(report).replace("/", "\\"),
+            windows_path(self.work / "script"),
+            windows_path(report),
             check=False,
         )
         assert report.is_file(), "the driver wrote no report"
@@ -245,6 +278,20 @@ class World:
         assert not run.running
         assert run.exit_code == 0
         return run
+
+    def meanwhile(self, action, seconds=30):
+        """Steps in whose place something happens outside the driver."""
+        ready, done = self.work / "ready", self.work / "done"
+
+        def wait():
+            end = time.monotonic() + seconds
+            while not ready.exists() and time.monotonic() < end:
+                time.sleep(0.005)
+            action()
+            done.touch()
+
+        threading.Thread(target=wait, daemon=True).start()
+        return [("signal", windows_path(ready)), ("await", windows_path(done))]
 
     def log_window(self, tail="/T", before=(), **options):
         """Shows the log window, closes it and returns it as it was."""
@@ -294,23 +341,18 @@ class World:
         """Starts Access for real; returns what the stand-in was started with."""
         record = self.unix(self.path(office + r"\msaccess.rec"))
         record.unlink(missing_ok=True)
-        self.run(tail, **options)
+        self.run(tail, [("exit",), ("drain",)], **options)
         return self.record(record)
 
     @staticmethod
-    def record(file, seconds=10):
-        """What the stand-in wrote, waiting for it: the launcher does not."""
-        end = time.monotonic() + seconds
-        while time.monotonic() < end:
-            content = file.read_bytes() if file.exists() else b""
-            if content.endswith(b"\r\n\r\n"):
-                entries = {}
-                for line in content.decode("utf-8").split("\r\n"):
-                    name, _, value = line.partition("=")
-                    entries.setdefault(name, []).append(value)
-                return {k: v if k == "arg" else v[-1] for k, v in entries.items() if k}
-            time.sleep(0.02)
-        raise AssertionError(f"waited {seconds} seconds for {file} in vain")
+    def record(file):
+        """What the stand-in wrote: texts by their names, of which "arg" is a list."""
+        assert file.is_file(), "Access was not started"
+        entries = {}
+        for line in file.read_bytes().decode("utf-8").split("\r\n"):
+            name, _, value = line.partition("=")
+            entries.setdefault(name, []).append(value)
+        return {name: v if name == "arg" else v[-1] for name, v in entries.items() if name}
 
     def nothing_started(self, office=r"\Office"):
         return not self.exists(office + r"\msaccess.rec")
@@ -341,7 +383,7 @@ class World:
         file = self.work / "values.reg"
         # UTF-8 would be taken for the code page's bytes.
         file.write_bytes(b"\xff\xfe" + text.encode("utf-16-le"))
-        wine("regedit", "/S", "Z:" + str(file).replace("/", "\\"))
+        wine("regedit", "/S", windows_path(file))
 
     def close(self):
         if self._registry_used:

@@ -126,11 +126,11 @@ class TestKeyList:
             AccRegList07=rf"hkey_current_user\Software\{world.key}\Zwei",
         )
         log = access_log(world)
-        assert log[7:9] == [
+        assert log[8:10] == [
             f"Access-EXE: {world.drive}\\Nirgends\\msaccess.exe",
             "Access-EXE: Nicht vorhanden an dieser Position",
         ]
-        assert log[10] == " - HKey: HKCU"
+        assert log[11] == " - HKey: HKCU"
         assert log[-2:] == [f"Access-EXE: {world.drive}\\Office\\msaccess.exe", "Access-EXE: OK"]
 
     def test_list_excludes_the_configured_path(self, world):

@@ -79,28 +79,29 @@ def test_folder_in_the_logs_place_is_no_reason_to_fail(branded):
     assert branded.unix(branded.path(r"\Prog\Start.log")).is_dir()
 
 
-def immutable(path, on):
-    """Sets or clears the attribute that keeps root from writing too; False when the file system
-    has none."""
-    command = ["chattr", "+i" if on else "-i", path]
-    return subprocess.run(command, stderr=subprocess.DEVNULL, check=False).returncode == 0
+@pytest.fixture
+def write_protected(request):
+    """A function that protects a file or folder until the test ends. Permission bits do not keep
+    root from writing; the attribute does, where the file system has it."""
+
+    def protect(path):
+        command = ["chattr", "+i", path]
+        if subprocess.run(command, stderr=subprocess.DEVNULL, check=False).returncode != 0:
+            pytest.skip("this file system cannot keep root from writing")
+        request.addfinalizer(lambda: subprocess.run(["chattr", "-i", path], check=True))
+
+    return protect
 
 
-def test_read_only_log_stays_as_it_is(branded):
+def test_read_only_log_stays_as_it_is(branded, write_protected):
     branded.write(r"\Prog\Start.log", b"alt\r\n")
     log = branded.unix(branded.path(r"\Prog\Start.log"))
-    log.chmod(0o444)  # Wine tells the program so even when it runs as root
+    write_protected(log)
     branded.started()
     assert log.read_bytes() == b"alt\r\n"
 
 
-def test_folder_that_cannot_be_written_is_no_reason_to_fail(branded):
-    folder = branded.unix(branded.path(r"\Prog"))
-    if not immutable(folder, True):
-        pytest.skip("this file system cannot keep root from writing into a folder")
-    try:
-        branded.started()
-        assert not branded.exists(r"\Prog\Start.log")
-    finally:
-        immutable(folder, False)
-
+def test_folder_that_cannot_be_written_is_no_reason_to_fail(branded, write_protected):
+    write_protected(branded.unix(branded.path(r"\Prog")))
+    branded.started()
+    assert not branded.exists(r"\Prog\Start.log")

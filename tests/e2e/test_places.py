@@ -7,8 +7,6 @@ import subprocess
 
 import pytest
 
-import launcher
-
 
 @pytest.mark.parametrize(
     "folder",
@@ -103,12 +101,11 @@ def test_current_folder_does_not_matter(world):
     assert f'"{world.drive}\\Prog\\Start.mdb"' in here
 
 
-@pytest.mark.parametrize("library", ["version.dll", "hhctrl.ocx", "comctl32.dll", "uxtheme.dll"])
+# version.dll is not among them: Wine's own user32 asks for it and takes the planted one.
+@pytest.mark.parametrize("library", ["comctl32.dll", "comdlg32.ocx", "hhctrl.ocx", "uxtheme.dll"])
 def test_library_planted_beside_the_program_is_not_loaded(world, library):
     # A file that is no library: whoever tried to load it could not go on as usual.
     world.write("\\Prog\\" + library, b"planted")
     world.brand_with_access()
-    assert "Produktname = " in "".join(
-        row[:14] for row in launcher.lines(world.shown("/D"))
-    )
+    assert "\r\nProduktname = " in world.shown("/D")
     assert world.started()["line"] == f'"{world.drive}\\Office\\msaccess.exe"'

@@ -1,6 +1,5 @@
 """What a launch leaves behind, and that no file, however damaged, brings it down."""
 
-import pathlib
 import random
 
 import pytest
@@ -14,12 +13,8 @@ SAMPLE_OF_RUNS = 8
 def user_registry(world):
     """Everything below the user's key as text, but what Wine itself counts."""
     file = world.work / "exported.reg"
-    launcher.wine("reg", "export", r"HKCU\Software", world_path(file), "/y")
+    launcher.wine("reg", "export", r"HKCU\Software", launcher.windows_path(file), "/y")
     return file.read_bytes().decode("utf-16")
-
-
-def world_path(file):
-    return "Z:" + str(pathlib.Path(file)).replace("/", "\\")
 
 
 # Other worlds write their own keys meanwhile.

@@ -191,6 +191,12 @@ void Driver::AwaitExit(const Action&) {
         0, false);
 }
 
+void Driver::AwaitLast(const Action&) {
+    Wait(
+        u"the end of what the program has started",
+        [this] { return program_.RunningProcesses() == 0; }, 5, false);
+}
+
 void Driver::AwaitQuiet(const Action& action) {
     const DWORD start = GetTickCount();
     const auto duration = static_cast<DWORD>(Number(action, 0));
@@ -217,7 +223,11 @@ void Driver::ReadClipboard(const Action&) {
 }
 
 void Driver::ReadEdit(const Action& action) {
-    const Control edit = ControlWithId(Argument(action, 0));
+    const Control edit =
+        action.arguments.empty()
+            ? FindControl([](const Control& control) { return control.className == u"Edit"; },
+                          u"edit control")
+            : ControlWithId(action.arguments.front());
     DWORD_PTR selection = 0;
     DWORD_PTR firstLine = 0;
     // The selection's ends come as two words; longer texts have -1 there.
@@ -279,6 +289,7 @@ Driver::Handler Driver::HandlerOf(const std::u16string& verb) {
         {u"titlebar", &Driver::CloseByTitleBar},
         {u"gone", &Driver::AwaitGone},
         {u"exit", &Driver::AwaitExit},
+        {u"drain", &Driver::AwaitLast},
         {u"quiet", &Driver::AwaitQuiet},
         {u"pause", &Driver::Pause},
         {u"clipboard", &Driver::ReadClipboard},

@@ -44,6 +44,7 @@ private:
     void CloseByTitleBar(const Action& action);
     void AwaitGone(const Action& action);
     void AwaitExit(const Action& action);
+    void AwaitLast(const Action& action);
     void AwaitQuiet(const Action& action);
     void Pause(const Action& action);
     void ReadClipboard(const Action& action);
