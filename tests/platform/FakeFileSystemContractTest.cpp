@@ -17,8 +17,9 @@ public:
         fake_.AddFile(Path(name), std::string(bytes));
     }
     void MakeFolder(std::u16string_view name) { fake_.AddFolder(Path(name)); }
-    void MakeReadOnly(std::u16string_view name) {
+    bool MakeReadOnly(std::u16string_view name) {
         fake_.AddFile(Path(name), *fake_.Bytes(Path(name)), true);
+        return true;
     }
     std::optional<std::string> Bytes(std::u16string_view name) const {
         return fake_.Bytes(Path(name));

@@ -22,8 +22,9 @@ public:
     void MakeFile(std::u16string_view name, std::string_view bytes) const;
     void MakeFolder(std::u16string_view name) const;
 
-    /// Protects a file against writing, as its owner would.
-    void MakeReadOnly(std::u16string_view name) const;
+    /// Protects a file against writing, as its owner would. False when the system lets this user
+    /// write to it all the same, as it does the superuser, also below Wine.
+    bool MakeReadOnly(std::u16string_view name) const;
 
     /// The content of a file; nothing when there is none.
     std::optional<std::string> Bytes(std::u16string_view name) const;

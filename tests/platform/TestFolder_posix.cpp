@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -37,8 +39,9 @@ void TestFolder::MakeFolder(std::u16string_view name) const {
     fs::create_directory(Path(name));
 }
 
-void TestFolder::MakeReadOnly(std::u16string_view name) const {
+bool TestFolder::MakeReadOnly(std::u16string_view name) const {
     fs::permissions(Path(name), fs::perms(0444));
+    return access(text::ToUtf8(Path(name)).c_str(), W_OK) != 0;
 }
 
 std::optional<std::string> TestFolder::Bytes(std::u16string_view name) const {

@@ -83,8 +83,15 @@ void TestFolder::MakeFolder(std::u16string_view name) const {
     }
 }
 
-void TestFolder::MakeReadOnly(std::u16string_view name) const {
+bool TestFolder::MakeReadOnly(std::u16string_view name) const {
     SetFileAttributesW(Verbatim(Path(name)).c_str(), FILE_ATTRIBUTE_READONLY);
+    HANDLE file = CreateFileW(Verbatim(Path(name)).c_str(), GENERIC_WRITE, 0, nullptr,
+                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const bool writable = file != INVALID_HANDLE_VALUE;
+    if (writable) {
+        CloseHandle(file);
+    }
+    return !writable;
 }
 
 std::optional<std::string> TestFolder::Bytes(std::u16string_view name) const {

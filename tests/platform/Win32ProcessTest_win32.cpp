@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+
+#include "platform/win32/WideText.h"
+#include "platform/win32/Win32Process.h"
+#include "platform/win32/WindowsApi.h"
+#include "tests/platform/TestFolder.h"
+#include "util/Text.h"
+
+namespace tarvex {
+
+namespace {
+
+/// A folder with blanks, umlauts and characters outside the code page that holds the stand-in.
+class Win32ProcessTest : public testing::Test {
+protected:
+    void SetUp() override {
+        folder_.MakeFolder(kName);
+        std::u16string standIn = u"Z:" + text::FromUtf8(TARVEX_STANDIN);
+        standIn = text::Replace(standIn, u"/", u"\\");
+        ASSERT_TRUE(CopyFileW(Wide(standIn), Wide(Program()), TRUE)) << GetLastError();
+        wchar_t current[MAX_PATH];
+        GetCurrentDirectoryW(MAX_PATH, current);
+        current_ = FromWide(current);
+    }
+
+    std::u16string Program() const {
+        return folder_.Path(std::u16string(kName) + u"\\msaccess.exe");
+    }
+
+    /// What the stand-in recorded, once it has.
+    std::string Record() const {
+        for (int wait = 0; wait < 500; ++wait) {
+            const auto bytes = folder_.Bytes(std::u16string(kName) + u"\\msaccess.rec");
+            if (bytes && bytes->ends_with("\r\n\r\n")) {
+                return *bytes;
+            }
+            Sleep(20);
+        }
+        return "no record within ten seconds";
+    }
+
+    static constexpr std::u16string_view kName = u"Büro Ω 日本";
+    TestFolder folder_;
+    std::u16string current_;
+};
+
+TEST_F(Win32ProcessTest, StartsTheLineUnchangedAndMaximised) {
+    const std::u16string line =
+        u"\"" + Program() + u"\" \"C:\\Größe Ω\\Kunden.mdb\"  /user \"a b\" ;";
+    EXPECT_NE(Win32Process().StartMaximised(line), 0u);
+    const std::string record = Record();
+    const std::string expected = "line=" + text::ToUtf8(line) +
+                                 "\r\narg=C:\\Größe Ω\\Kunden.mdb\r\narg=/user\r\narg=a b\r\narg=;"
+                                 "\r\nshow=3\r\nnCmdShow=3\r\ndir=" +
+                                 text::ToUtf8(current_) + "\r\nticks=";
+    EXPECT_EQ(record.substr(0, expected.size()), expected);
+}
+
+TEST_F(Win32ProcessTest, ReturnsTheIdOfTheRunningProcessWithoutWaiting) {
+    SetEnvironmentVariableW(L"STUB_STAY_MS", L"3000");
+    const std::uint32_t id = Win32Process().StartMaximised(u"\"" + Program() + u"\"");
+    SetEnvironmentVariableW(L"STUB_STAY_MS", nullptr);
+    ASSERT_NE(id, 0u);
+    HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, id);
+    ASSERT_NE(process, nullptr);
+    EXPECT_EQ(WaitForSingleObject(process, 0), DWORD{WAIT_TIMEOUT});
+    EXPECT_EQ(WaitForSingleObject(process, 10000), WAIT_OBJECT_0);
+    CloseHandle(process);
+}
+
+TEST_F(Win32ProcessTest, WhatCannotBeStartedGivesZero) {
+    folder_.MakeFile(u"leer.exe", "");
+    folder_.MakeFile(u"text.exe", "kein Programm");
+    Win32Process process;
+    EXPECT_EQ(process.StartMaximised(u"\"" + folder_.Path(u"leer.exe") + u"\""), 0u);
+    EXPECT_EQ(process.StartMaximised(u"\"" + folder_.Path(u"text.exe") + u"\""), 0u);
+    EXPECT_EQ(process.StartMaximised(u"\"" + folder_.Path(u"fehlt.exe") + u"\""), 0u);
+    EXPECT_EQ(process.StartMaximised(u"\"" + folder_.Path() + u"\""), 0u);
+    EXPECT_EQ(process.StartMaximised(u""), 0u);
+}
+
+TEST_F(Win32ProcessTest, ErrorModeOfTheProgramStays) {
+    const UINT before = SetErrorMode(SEM_NOGPFAULTERRORBOX);
+    Win32Process().StartMaximised(u"\"" + folder_.Path(u"fehlt.exe") + u"\"");
+    EXPECT_EQ(SetErrorMode(before), UINT{SEM_NOGPFAULTERRORBOX});
+}
+
+}  // namespace
+
+}  // namespace tarvex
