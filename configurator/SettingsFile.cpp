@@ -1,5 +1,6 @@
 #include "configurator/SettingsFile.h"
 
+#include <algorithm>
 #include <map>
 #include <utility>
 #include <vector>
@@ -55,6 +56,9 @@ public:
             ReadLine(line);
         }
         FinishValue();
+        // A value is judged when its last line has been read.
+        std::stable_sort(result_.problems.begin(), result_.problems.end(),
+                         [](const Problem& a, const Problem& b) { return a.line < b.line; });
         return std::move(result_);
     }
 

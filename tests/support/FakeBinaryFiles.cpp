@@ -69,6 +69,10 @@ void FakeBinaryFiles::AddFolder(std::u16string_view path) {
     nodes_[Key(path)] = std::make_shared<Node>(Node{{}, true, false});
 }
 
+void FakeBinaryFiles::RemoveFile(std::u16string_view path) {
+    nodes_.erase(Key(path));
+}
+
 const std::string& FakeBinaryFiles::Bytes(std::u16string_view path) const {
     const Node* const node = Find(path);
     if (node == nullptr || node->isFolder) {

@@ -18,6 +18,7 @@ public:
     /// Adds or replaces a file.
     void AddFile(std::u16string_view path, std::string bytes, bool readOnly = false);
     void AddFolder(std::u16string_view path);
+    void RemoveFile(std::u16string_view path);
 
     /// The content of a file, which must exist; not recorded in `log`.
     const std::string& Bytes(std::u16string_view path) const;

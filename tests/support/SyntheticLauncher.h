@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvex {
+
+/// One mark of a made-up launcher file.
+struct SyntheticMark {
+    std::int32_t number = 0;
+    std::int32_t width = 0;
+    std::u16string name;
+    std::u16string value;   ///< stored form, without padding
+    std::size_t start = 0;  ///< byte offset at which its text must stand; 0: wherever there is room
+};
+
+/// A file that looks like a launcher: the headers of a 32-bit program, the marker and the marks as
+/// stored constants. Put together here from the format, not with the code that reads it.
+struct SyntheticLauncher {
+    /// All fields, empty, in the order of the program.
+    SyntheticLauncher();
+
+    std::vector<SyntheticMark> marks;
+    std::uint16_t machine = 0x14c;
+    std::uint32_t signatureSize = 0;
+    std::u16string marker = u"@#BRANDED0#@";
+    std::size_t markerStart = 1024;
+    std::size_t multiple = 32768;  ///< of which the length is one
+
+    SyntheticMark& Mark(std::u16string_view name);
+    std::string Build() const;
+};
+
+/// Writes UTF-16LE at an offset.
+void PutText(std::string& bytes, std::size_t at, std::u16string_view text);
+
+}  // namespace tarvex
