@@ -1,0 +1,55 @@
+#include "platform/win32/PictureBitmap.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/platform/TestFolder.h"
+#include "tests/support/BitmapFile.h"
+
+namespace tarvex {
+namespace {
+
+COLORREF PixelAt(const PictureBitmap& picture, int x, int y) {
+    const HDC screen = GetDC(nullptr);
+    const HDC canvas = CreateCompatibleDC(screen);
+    const HGDIOBJ before = SelectObject(canvas, picture.bitmap.Get());
+    const COLORREF colour = GetPixel(canvas, x, y);
+    SelectObject(canvas, before);
+    DeleteDC(canvas);
+    ReleaseDC(nullptr, screen);
+    return colour;
+}
+
+TEST(PictureBitmapTest, HasThePicturesSizeAndColoursTheRightWayUp) {
+    const TestFolder folder;
+    folder.MakeFile(u"Bild.bmp", BitmapFile(37, 22));
+    const PictureBitmap picture = LoadPictureBitmap(folder.Path(u"Bild.bmp"));
+    ASSERT_TRUE(picture.bitmap);
+    EXPECT_EQ(37, picture.size.cx);
+    EXPECT_EQ(22, picture.size.cy);
+    EXPECT_EQ(RGB(255, 0, 0), PixelAt(picture, 0, 0));
+    EXPECT_EQ(RGB(255, 0, 0), PixelAt(picture, 36, 9));
+    EXPECT_EQ(RGB(0, 0, 255), PixelAt(picture, 0, 21));
+    EXPECT_EQ(RGB(0, 0, 255), PixelAt(picture, 36, 12));
+}
+
+TEST(PictureBitmapTest, ContentCountsNotTheName) {
+    const TestFolder folder;
+    folder.MakeFile(u"Пиктура.jpg", BitmapFile(5, 4));
+    EXPECT_TRUE(LoadPictureBitmap(folder.Path(u"Пиктура.jpg")).bitmap);
+}
+
+TEST(PictureBitmapTest, ManyLoadsLeaveNoGdiObjectsBehind) {
+    const TestFolder folder;
+    folder.MakeFile(u"a.bmp", BitmapFile(5, 4));
+    folder.MakeFile(u"b.bmp", "BMkaputt");
+    LoadPictureBitmap(folder.Path(u"a.bmp"));
+    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    for (int i = 0; i < 50; ++i) {
+        LoadPictureBitmap(folder.Path(u"a.bmp"));
+        LoadPictureBitmap(folder.Path(u"b.bmp"));
+    }
+    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before + 5);
+}
+
+}  // namespace
+}  // namespace tarvex
