@@ -5,10 +5,15 @@ endif()
 add_executable(tarvex WIN32 app/mMain_win32.cpp branding/BrandImage.cpp resources/tarvex.rc)
 target_link_libraries(tarvex PRIVATE tarvex_app tarvex_warnings)
 target_link_options(tarvex PRIVATE -s -Wl,--tsaware)
-set_property(TARGET tarvex APPEND PROPERTY LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/PadFile.cmake)
+set_property(TARGET tarvex APPEND PROPERTY LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/PadFile.cmake
+             ${CMAKE_SOURCE_DIR}/cmake/check_image.py)
+set(TARVEX_SIZE_LIMIT 360448)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
 file(GLOB resourceFiles CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/*)
 set_source_files_properties(resources/tarvex.rc PROPERTIES OBJECT_DEPENDS "${resourceFiles}")
 add_custom_command(TARGET tarvex POST_BUILD
     COMMAND ${CMAKE_COMMAND} -DFILE=$<TARGET_FILE:tarvex> -DMULTIPLE=32768
             -P ${CMAKE_SOURCE_DIR}/cmake/PadFile.cmake
+    COMMAND Python3::Interpreter ${CMAKE_SOURCE_DIR}/cmake/check_image.py $<TARGET_FILE:tarvex>
+            ${TARVEX_SIZE_LIMIT}
     VERBATIM)
