@@ -2,7 +2,8 @@
 if(NOT WIN32 OR NOT EXISTS ${CMAKE_SOURCE_DIR}/app/mMain_win32.cpp)
     return()
 endif()
-add_executable(tarvex WIN32 app/mMain_win32.cpp branding/BrandImage.cpp resources/tarvex.rc)
+add_executable(tarvex WIN32 app/mMain_win32.cpp app/LibraryErrors_win32.cpp branding/BrandImage.cpp
+               resources/tarvex.rc)
 target_link_libraries(tarvex PRIVATE tarvex_app tarvex_warnings)
 target_link_options(tarvex PRIVATE -s -Wl,--tsaware)
 set_property(TARGET tarvex APPEND PROPERTY LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/PadFile.cmake

@@ -2,7 +2,6 @@
 
 #include <exception>
 #include <new>
-#include <stdexcept>
 
 #include "errors/RuntimeErrors.h"
 #include "platform/FileFailure.h"
@@ -46,8 +45,6 @@ RaisedError CurrentError() {
         return RuntimeError(NumberOf(failure.problem));
     } catch (const std::bad_alloc&) {
         return RuntimeError(runtime_error::kOutOfMemory);
-    } catch (const std::out_of_range&) {
-        return RuntimeError(runtime_error::kIndexOutOfRange);
     } catch (const std::exception& exception) {
         return RuntimeError(runtime_error::kInternal, text::FromUtf8(exception.what()));
     } catch (...) {

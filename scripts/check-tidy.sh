@@ -37,7 +37,7 @@ status=0
 while read -r file; do
     case $file in
         *_win32.cpp | platform/win32/* | branding/BrandImage.cpp)
-            tidy "$file" -p build/win32 "${windows[@]}" & ;;
+            tidy "$file" -p build/win32-tests "${windows[@]}" & ;;
         *)
             tidy "$file" -p build/linux-asan & ;;
     esac

@@ -63,15 +63,16 @@ count "$results/native.xml"
 check "clang-tidy" ./scripts/check-tidy.sh
 
 echo "== Build: tests for Windows"
-cmake --build --preset win32
+cmake --preset win32-tests >/dev/null
+cmake --build --preset win32-tests
 group "cross-compiled, under Wine" \
     ./scripts/wine-session \
-    ctest --preset win32 -j2 --quiet --output-junit "$root/$results/wine.xml"
+    ctest --preset win32-tests -j2 --quiet --output-junit "$root/$results/wine.xml"
 count "$results/wine.xml"
 
 export TARVEX_WIN32_DIST=$root/dist/win32
 export TARVEX_LINUX_DIST=$root/dist/linux
-export TARVEX_E2E_BIN=$root/build/win32/e2e
+export TARVEX_E2E_BIN=$root/build/win32-tests/e2e
 group "end to end" \
     ./scripts/wine-session \
     /usr/bin/python3 -m pytest tests/e2e -q -n 2 --dist loadgroup -p no:cacheprovider \

@@ -186,7 +186,7 @@ TEST_F(StartPictureEntryTest, NameIsAppendedWithOneSeparator) {
 }
 
 TEST_F(StartPictureEntryTest, OtherExtensionsAreRefused) {
-    for (const std::string& name : {"C:\\x.gif", "C:\\x.jpeg", "C:\\bmp", "C:\\x.bmp "}) {
+    for (const std::string name : {"C:\\x.gif", "C:\\x.jpeg", "C:\\bmp", "C:\\x.bmp "}) {
         EXPECT_EQ(Rest(u"", name), u"Schlüsselinhalt: " + codec.FromAnsi(name) +
                                        u"\r\nFehler: Dateiname ist unzulässig");
     }
