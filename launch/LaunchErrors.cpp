@@ -1,6 +1,7 @@
 #include "launch/LaunchErrors.h"
 
 #include <iterator>
+#include <utility>
 
 #include "errors/AppTitle.h"
 #include "errors/RaisedError.h"
@@ -11,29 +12,41 @@ namespace tarvex {
 
 namespace {
 
+constexpr std::u16string_view kDatabaseNeededText =
+    u"Es sind keine Pfadinformationen für die zu startende Datenbank verfügbar.@@Wenn Sie keinen "
+    u"Pfad angeben, muss sich eine Datenbank namens '";
+constexpr std::u16string_view kAccessListUnresolvedText =
+    u"Die benutzerdefinierten Registryeinträge für den Access-Pfad sind nicht vorhanden, enthalten "
+    u"keinen Wert oder an den angegebenen Positionen wurde keine ausführbare Access-Datei "
+    u"gefunden.";
+constexpr std::u16string_view kDatabaseListUnresolvedText =
+    u"Die benutzerdefinierten Registryeinträge für den Datenbank-Pfad sind nicht vorhanden, "
+    u"enthalten keinen Wert oder an den angegebenen Positionen wurde keine Datenbank gefunden.";
+constexpr std::u16string_view kSystemDatabaseListInvalidText =
+    u"Die Liste der Registryschlüssel für den Pfad der Systemdatenbank konnte nicht analysiert "
+    u"werden.";
+constexpr std::u16string_view kSystemDatabaseListUnresolvedText =
+    u"Die benutzerdefinierten Registryeinträge für den Pfad der Systemdatenbank sind nicht "
+    u"vorhanden, enthalten keinen Wert oder an den angegebenen Positionen wurde keine "
+    u"Systemdatenbank gefunden.";
+
+/// By code, from 1 on.
 constexpr std::u16string_view kTexts[] = {
     u"Der HKey wurde nicht angegeben.",
     u"Der Access-Pfad kann nicht aus der Registry ermittelt werden.",
     u"Die Datei '##' wurde nicht gefunden.",
     u"Der Schlüssellisten-Eintrag '##' ist fehlerhaft bzw. kann nicht interpretiert werden.",
     u"Die Datenbank '##' ist nicht vorhanden.",
-    u"Es sind keine Pfadinformationen für die zu startende Datenbank verfügbar.@@Wenn Sie keinen "
-    u"Pfad angeben, muss sich eine Datenbank namens '",
+    kDatabaseNeededText,
     u"Kann den Eintrag des Profiles '##' nicht in der Registry finden.",
     u"Der Schlüssellisten-Eintrag '##' enthält keinen Verweis auf den HKey.",
     u"System-Datenbank '##' nicht gefunden.",
     u"Die Liste der Registryschlüssel für den Access-Pfad konnte nicht analysiert werden.",
-    u"Die benutzerdefinierten Registryeinträge für den Access-Pfad sind nicht vorhanden, enthalten "
-    u"keinen Wert oder an den angegebenen Positionen wurde keine ausführbare Access-Datei "
-    u"gefunden.",
+    kAccessListUnresolvedText,
     u"Die Liste der Registryschlüssel für den Datenbank-Pfad konnte nicht analysiert werden.",
-    u"Die benutzerdefinierten Registryeinträge für den Datenbank-Pfad sind nicht vorhanden, "
-    u"enthalten keinen Wert oder an den angegebenen Positionen wurde keine Datenbank gefunden.",
-    u"Die Liste der Registryschlüssel für den Pfad der Systemdatenbank konnte nicht analysiert "
-    u"werden.",
-    u"Die benutzerdefinierten Registryeinträge für den Pfad der Systemdatenbank sind nicht "
-    u"vorhanden, enthalten keinen Wert oder an den angegebenen Positionen wurde keine "
-    u"Systemdatenbank gefunden.",
+    kDatabaseListUnresolvedText,
+    kSystemDatabaseListInvalidText,
+    kSystemDatabaseListUnresolvedText,
     u"'##' ist kein zulässiger Wert.",
     u"'##' ist kein zulässiger Wert für die Eigenschaft 'AccVersion'.",
 };
@@ -109,7 +122,7 @@ void RaiseLaunchError(const LaunchEnvironment& environment, std::int32_t number,
     if (!environment.ui.PointerIsDefault()) {
         environment.ui.SetPointerDefault();
     }
-    throw error;
+    throw RaisedError(std::move(error));
 }
 
 }  // namespace tarvex

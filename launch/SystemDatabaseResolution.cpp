@@ -34,7 +34,7 @@ std::u16string ConfiguredPath(LaunchRun& run) {
 std::u16string ResolveSystemDatabase(LaunchRun& run) {
     run.log.AddLog(u"[SysDB-Pfad]", true);
     const std::u16string& list = run.properties.systemDBRegListString;
-    const std::u16string path =
+    std::u16string path =
         list.empty() ? ConfiguredPath(run)
                      : ResolveDatabaseList(run, kSystemDatabase, list).value_or(std::u16string());
     if (!path.empty()) {

@@ -177,15 +177,16 @@ std::string Doubled(const std::u16string& value) {
 void CheckMasking(const RandomLaunch& launch, const std::string& real, const std::string& masked) {
     std::string realPart;
     std::string maskedPart;
-    if (!launch.user.empty()) {
-        realPart = " /user " + Doubled(launch.user);
+    if (!launch.Settings().SystemDBUser().empty()) {
+        realPart = " /user " + Doubled(launch.Settings().SystemDBUser());
         maskedPart = " /user \"XXXX\"";
-        if (!launch.password.empty()) {
-            realPart += " /pwd " + Doubled(launch.password);
+        if (!launch.Settings().SystemDBPwd().empty()) {
+            realPart += " /pwd " + Doubled(launch.Settings().SystemDBPwd());
             maskedPart += " /pwd \"YYYY\"";
         }
     }
-    const std::string end = launch.cmd.empty() ? "" : " /cmd " + Quoted(launch.cmd);
+    const std::string end =
+        launch.Settings().Cmd().empty() ? "" : " /cmd " + Quoted(launch.Settings().Cmd());
     ASSERT_TRUE(EndsWith(real, realPart + end)) << real;
     ASSERT_TRUE(EndsWith(masked, maskedPart + end)) << masked;
     EXPECT_EQ(real.substr(0, real.size() - (realPart + end).size()),
@@ -199,7 +200,9 @@ void CheckOrder(const RandomLaunch& launch, const std::string& masked) {
                                  "/Repair", "/ro",     "/Runtime", "/Decompile", "/Profile",
                                  "/x",      "/user",   "/pwd"};
     const std::string line =
-        launch.cmd.empty() ? masked : masked.substr(0, masked.rfind(" /cmd " + Quoted(launch.cmd)));
+        launch.Settings().Cmd().empty()
+            ? masked
+            : masked.substr(0, masked.rfind(" /cmd " + Quoted(launch.Settings().Cmd())));
     std::size_t next = 0;
     std::size_t position = line.find('"', 1) + 1;
     ASSERT_EQ(line.front(), '"');

@@ -50,36 +50,12 @@ RandomLaunch::RandomLaunch(std::uint32_t seed) : seed_(seed), random_(seed) {
 cuTarvex RandomLaunch::Configure(bool testMode) {
     registry.log.clear();
     files.log.clear();
-    cuTarvex tarvex(environment);
-    tarvex.SetRegListSeparator(settings_.markers.list);
-    tarvex.SetAccRegListString(settings_.accRegListString);
-    tarvex.SetAccPath(settings_.accPath);
-    tarvex.SetAccVersion(settings_.accVersion);
-    tarvex.SetDBRegListString(settings_.dbRegListString);
-    tarvex.SetDBPath(settings_.dbPath);
-    tarvex.SetDBFilename(settings_.dbFilename);
-    tarvex.SetSystemDBRegListString(settings_.systemDBRegListString);
-    tarvex.SetSystemDBPath(settings_.systemDBPath);
-    tarvex.SetSystemDBFilename(settings_.systemDBFilename);
-    tarvex.SetSystemDBUser(user);
-    tarvex.SetSystemDBPwd(password);
-    tarvex.SetProfile(settings_.profile);
-    tarvex.SetMacro(settings_.macro);
-    tarvex.SetCmd(cmd);
-    tarvex.SetOptionCompact(settings_.optionCompact);
-    tarvex.SetOptionDecompile(settings_.optionDecompile);
-    tarvex.SetOptionExclusive(settings_.optionExclusive);
-    tarvex.SetOptionNoStartup(settings_.optionNoStartup);
-    tarvex.SetOptionReadOnly(settings_.optionReadOnly);
-    tarvex.SetOptionRepair(settings_.optionRepair);
-    tarvex.SetOptionRuntime(settings_.optionRuntime);
-    tarvex.SetVerifyProfile(settings_.verifyProfile);
+    cuTarvex tarvex(settings_);
     tarvex.SetTestMode(testMode);
     return tarvex;
 }
 
-std::string RandomLaunch::Describe() {
-    cuTarvex tarvex = Configure(false);
+std::string RandomLaunch::Describe() const {
     std::u16string all = u"seed " + text::Decimal(seed_);
     const auto add = [&all](std::u16string_view name, std::u16string_view value) {
         if (!value.empty()) {
@@ -87,30 +63,30 @@ std::string RandomLaunch::Describe() {
         }
     };
     add(u"launcher", program.folder + u" | " + program.exeName);
-    add(u"RegListSeparator", tarvex.RegListSeparator());
-    add(u"AccRegListString", tarvex.AccRegListString());
-    add(u"AccPath", tarvex.AccPath());
-    add(u"AccVersion", text::Decimal(tarvex.AccVersion()));
-    add(u"DBRegListString", tarvex.DBRegListString());
-    add(u"DBPath", tarvex.DBPath());
-    add(u"DBFilename", tarvex.DBFilename());
-    add(u"SystemDBRegListString", tarvex.SystemDBRegListString());
-    add(u"SystemDBPath", tarvex.SystemDBPath());
-    add(u"SystemDBFilename", tarvex.SystemDBFilename());
-    add(u"user", user);
-    add(u"password", password);
-    add(u"Profile", tarvex.Profile());
-    add(u"VerifyProfile", tarvex.VerifyProfile() ? u"1" : u"");
-    add(u"Macro", tarvex.Macro());
-    add(u"Cmd", cmd);
+    add(u"RegListSeparator", settings_.RegListSeparator());
+    add(u"AccRegListString", settings_.AccRegListString());
+    add(u"AccPath", settings_.AccPath());
+    add(u"AccVersion", text::Decimal(settings_.AccVersion()));
+    add(u"DBRegListString", settings_.DBRegListString());
+    add(u"DBPath", settings_.DBPath());
+    add(u"DBFilename", settings_.DBFilename());
+    add(u"SystemDBRegListString", settings_.SystemDBRegListString());
+    add(u"SystemDBPath", settings_.SystemDBPath());
+    add(u"SystemDBFilename", settings_.SystemDBFilename());
+    add(u"SystemDBUser", settings_.SystemDBUser());
+    add(u"SystemDBPwd", settings_.SystemDBPwd());
+    add(u"Profile", settings_.Profile());
+    add(u"VerifyProfile", settings_.VerifyProfile() ? u"1" : u"");
+    add(u"Macro", settings_.Macro());
+    add(u"Cmd", settings_.Cmd());
     for (const auto& [isSet, name] : std::initializer_list<std::pair<bool, std::u16string_view>>{
-             {tarvex.OptionCompact(), u"OptionCompact"},
-             {tarvex.OptionDecompile(), u"OptionDecompile"},
-             {tarvex.OptionExclusive(), u"OptionExclusive"},
-             {tarvex.OptionNoStartup(), u"OptionNoStartup"},
-             {tarvex.OptionReadOnly(), u"OptionReadOnly"},
-             {tarvex.OptionRepair(), u"OptionRepair"},
-             {tarvex.OptionRuntime(), u"OptionRuntime"}}) {
+             {settings_.OptionCompact(), u"OptionCompact"},
+             {settings_.OptionDecompile(), u"OptionDecompile"},
+             {settings_.OptionExclusive(), u"OptionExclusive"},
+             {settings_.OptionNoStartup(), u"OptionNoStartup"},
+             {settings_.OptionReadOnly(), u"OptionReadOnly"},
+             {settings_.OptionRepair(), u"OptionRepair"},
+             {settings_.OptionRuntime(), u"OptionRuntime"}}) {
         add(name, isSet ? u"1" : u"");
     }
     add(u"failing file call", text::Decimal(static_cast<std::int64_t>(files.failCall)));
@@ -144,38 +120,38 @@ std::u16string RandomLaunch::DrawList() {
     std::u16string list;
     if (Chance(35)) {
         for (std::uint32_t count = 1 + random_() % 4; count > 0; --count) {
-            list += (list.empty() ? u"" : settings_.markers.list) + DrawEntry();
+            list += (list.empty() ? u"" : settings_.RegListSeparator()) + DrawEntry();
         }
     }
     return list;
 }
 
 void RandomLaunch::DrawSettings() {
-    settings_.markers.list = Chance(20) ? u"" : Chance(5) ? u";" : u"%|%";
+    settings_.SetRegListSeparator(Chance(20) ? u"" : Chance(5) ? u";" : u"%|%");
     // An empty marker divides no list: with one for Access nothing else would be seen.
-    settings_.accRegListString =
-        settings_.markers.list.empty() && Chance(70) ? std::u16string() : DrawList();
-    settings_.accPath = PickOrNothing(kFolders);
-    settings_.accVersion = static_cast<std::int32_t>(random_() % 6) - 2;
-    settings_.dbRegListString = DrawList();
-    settings_.dbPath = PickOrNothing(kFolders);
-    settings_.dbFilename = PickOrNothing(kFileNames);
-    settings_.systemDBRegListString = DrawList();
-    settings_.systemDBPath = PickOrNothing(kFolders);
-    settings_.systemDBFilename = PickOrNothing(kFileNames);
-    settings_.profile = PickOrNothing({u"Büro", u" Profil ", u"a;b"});
-    settings_.verifyProfile = Chance(50);
-    settings_.macro = PickOrNothing({u"Autostart", u" Mein Makro ", u"\"x y\"", u" "});
-    settings_.optionCompact = Chance(12);
-    settings_.optionDecompile = Chance(12);
-    settings_.optionExclusive = Chance(12);
-    settings_.optionNoStartup = Chance(12);
-    settings_.optionReadOnly = Chance(12);
-    settings_.optionRepair = Chance(12);
-    settings_.optionRuntime = Chance(12);
-    user = PickOrNothing({u"§Nutzer§", u"§N/u;t§", u" §N§ "});
-    password = PickOrNothing({u"§Kennwort§", u"§K//w;;§", u"\"§K§\""});
-    cmd = PickOrNothing({u"Auftrag 7", u"/user \"XXXX\"", u" a;b "});
+    settings_.SetAccRegListString(
+        settings_.RegListSeparator().empty() && Chance(70) ? std::u16string() : DrawList());
+    settings_.SetAccPath(PickOrNothing(kFolders));
+    settings_.SetAccVersion(static_cast<std::int32_t>(random_() % 6) - 2);
+    settings_.SetDBRegListString(DrawList());
+    settings_.SetDBPath(PickOrNothing(kFolders));
+    settings_.SetDBFilename(PickOrNothing(kFileNames));
+    settings_.SetSystemDBRegListString(DrawList());
+    settings_.SetSystemDBPath(PickOrNothing(kFolders));
+    settings_.SetSystemDBFilename(PickOrNothing(kFileNames));
+    settings_.SetProfile(PickOrNothing({u"Büro", u" Profil ", u"a;b"}));
+    settings_.SetVerifyProfile(Chance(50));
+    settings_.SetMacro(PickOrNothing({u"Autostart", u" Mein Makro ", u"\"x y\"", u" "}));
+    settings_.SetOptionCompact(Chance(12));
+    settings_.SetOptionDecompile(Chance(12));
+    settings_.SetOptionExclusive(Chance(12));
+    settings_.SetOptionNoStartup(Chance(12));
+    settings_.SetOptionReadOnly(Chance(12));
+    settings_.SetOptionRepair(Chance(12));
+    settings_.SetOptionRuntime(Chance(12));
+    settings_.SetSystemDBUser(PickOrNothing({u"§Nutzer§", u"§N/u;t§", u" §N§ "}));
+    settings_.SetSystemDBPwd(PickOrNothing({u"§Kennwort§", u"§K//w;;§", u"\"§K§\""}));
+    settings_.SetCmd(PickOrNothing({u"Auftrag 7", u"/user \"XXXX\"", u" a;b "}));
 }
 
 void RandomLaunch::DrawRegistry() {

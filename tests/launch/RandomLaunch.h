@@ -16,15 +16,13 @@ class RandomLaunch : public LaunchWorld {
 public:
     explicit RandomLaunch(std::uint32_t seed);
 
-    /// A launch object with the drawn settings.
+    /// A launch object with the drawn settings; also empties what the fakes recorded.
     cuTarvex Configure(bool testMode);
 
     /// The seed and the settings that differ from their defaults, for failure messages.
-    std::string Describe();
+    std::string Describe() const;
 
-    std::u16string user;      ///< occurs nowhere else in the launch
-    std::u16string password;  ///< occurs nowhere else in the launch
-    std::u16string cmd;
+    const cuTarvex& Settings() const { return settings_; }
 
 private:
     using Choices = std::vector<std::u16string_view>;
@@ -40,7 +38,7 @@ private:
 
     std::uint32_t seed_;
     std::mt19937 random_;
-    LaunchProperties settings_;
+    cuTarvex settings_{environment};
 };
 
 }  // namespace tarvex

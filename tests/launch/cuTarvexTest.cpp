@@ -82,6 +82,22 @@ void SetEverything(cuTarvex& tarvex) {
     tarvex.SetAccVersion(3);
 }
 
+/// Expects the texts of SetEverything and returns the last of them.
+std::u16string ExpectTexts(const cuTarvex& tarvex) {
+    std::u16string value = u"a";
+    for (const TextProperty& text : kTexts) {
+        EXPECT_EQ((tarvex.*text.get)(), value += u"x");
+    }
+    return value;
+}
+
+void ExpectDefaultMarkersAndVersion(const cuTarvex& tarvex) {
+    EXPECT_EQ(tarvex.RegListSeparator(), u"%|%");
+    EXPECT_EQ(tarvex.RegListSubDirSeparator(), u"%|SubDir|%");
+    EXPECT_EQ(tarvex.RegListFilenameSeparator(), u"%|Filename%|");
+    EXPECT_EQ(tarvex.AccVersion(), 0);
+}
+
 }  // namespace
 
 static_assert(!HasSettableResults<cuTarvex>);
@@ -95,10 +111,7 @@ TEST_F(cuTarvexTest, NewObjectIsEmptyButForTheMarkers) {
     for (const Switch& option : kSwitches) {
         EXPECT_FALSE((tarvex_.*option.get)());
     }
-    EXPECT_EQ(tarvex_.RegListSeparator(), u"%|%");
-    EXPECT_EQ(tarvex_.RegListSubDirSeparator(), u"%|SubDir|%");
-    EXPECT_EQ(tarvex_.RegListFilenameSeparator(), u"%|Filename%|");
-    EXPECT_EQ(tarvex_.AccVersion(), 0);
+    ExpectDefaultMarkersAndVersion(tarvex_);
     EXPECT_EQ(tarvex_.CommandLine(), u"");
     EXPECT_EQ(tarvex_.CommandLineHiddenUserPW(), u"");
     EXPECT_EQ(tarvex_.DebugLog(), u"");
@@ -106,10 +119,7 @@ TEST_F(cuTarvexTest, NewObjectIsEmptyButForTheMarkers) {
 
 TEST_F(cuTarvexTest, PropertiesKeepWhatTheyAreGiven) {
     SetEverything(tarvex_);
-    std::u16string value = u"a";
-    for (const TextProperty& text : kTexts) {
-        EXPECT_EQ((tarvex_.*text.get)(), value += u"x");
-    }
+    std::u16string value = ExpectTexts(tarvex_);
     for (const TextProperty& marker : kMarkers) {
         EXPECT_EQ((tarvex_.*marker.get)(), value += u"x");
     }
@@ -124,17 +134,11 @@ TEST_F(cuTarvexTest, PropertiesKeepWhatTheyAreGiven) {
 TEST_F(cuTarvexTest, DefaultsResetMarkersVersionAndSixOptionsOnly) {
     SetEverything(tarvex_);
     tarvex_.SetDefaults();
-    std::u16string value = u"a";
-    for (const TextProperty& text : kTexts) {
-        EXPECT_EQ((tarvex_.*text.get)(), value += u"x");
-    }
+    ExpectTexts(tarvex_);
     for (const Switch& option : kSwitches) {
         EXPECT_EQ((tarvex_.*option.get)(), !option.isReset);
     }
-    EXPECT_EQ(tarvex_.RegListSeparator(), u"%|%");
-    EXPECT_EQ(tarvex_.RegListSubDirSeparator(), u"%|SubDir|%");
-    EXPECT_EQ(tarvex_.RegListFilenameSeparator(), u"%|Filename%|");
-    EXPECT_EQ(tarvex_.AccVersion(), 0);
+    ExpectDefaultMarkersAndVersion(tarvex_);
 }
 
 TEST_F(cuTarvexTest, VersionsUpTo3AreStored) {
