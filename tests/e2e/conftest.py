@@ -24,8 +24,9 @@ def programs():
 
 
 @pytest.fixture
-def world(programs):
+def world(request, programs):
     worker = os.environ.get("PYTEST_XDIST_WORKER", "gw0")
-    result = launcher.make_world(programs, worker)
+    groups = [mark.args[0] for mark in request.node.iter_markers("xdist_group")]
+    result = launcher.make_world(programs, worker, alone="foreground" in groups)
     yield result
     result.close()

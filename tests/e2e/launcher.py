@@ -3,6 +3,8 @@
 Windows paths are texts with backslashes; `World.unix` gives the file that belongs to one.
 """
 
+import contextlib
+import fcntl
 import json
 import os
 import pathlib
@@ -168,7 +170,8 @@ def _escape(text):
 class World:
     """One drive, empty at the start, with the folders Prog (the launcher) and Office (Access)."""
 
-    def __init__(self, programs, drive, folder, key):
+    def __init__(self, programs, drive, folder, key, alone=False):
+        self.alone = alone  # no other world shows windows while this one does
         self.programs = programs
         self.drive = drive
         self.folder = pathlib.Path(folder)
@@ -258,14 +261,25 @@ class World:
         (self.work / "script").write_text(text, encoding="utf-8")
         report = self.work / "report"
         report.unlink(missing_ok=True)
-        wine(
-            self.programs.driver,
-            windows_path(self.work / "script"),
-            windows_path(report),
-            check=False,
-        )
+        with self._screen(steps):
+            wine(
+                self.programs.driver,
+                windows_path(self.work / "script"),
+                windows_path(report),
+                check=False,
+            )
         assert report.is_file(), "the driver wrote no report"
         return Run(json.loads(report.read_text(encoding="utf-8")))
+
+    @contextlib.contextmanager
+    def _screen(self, steps):
+        """Windows of several worlds may be open side by side, but each new one comes to the
+        foreground. It would take the keys that are meant for another, and an error box that is not
+        the active window at once keeps the system's captions."""
+        alone = self.alone or any(f"title={PROJECT}" in step for step in steps)
+        with open(self.folder.parent / "screen.lock", "w", encoding="ascii") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX if alone else fcntl.LOCK_SH)
+            yield
 
     def run(self, tail="", steps=(("exit",),), **options):
         """Starts the launcher with a command-line tail and carries out steps, all of which must
@@ -393,7 +407,7 @@ class World:
             shutil.rmtree(place)
 
 
-def make_world(programs, worker):
+def make_world(programs, worker, alone=False):
     """A world for a worker of the test run; each has a drive of its own."""
     prefix = pathlib.Path(os.environ["WINEPREFIX"])
     number = int(worker.removeprefix("gw")) if worker.startswith("gw") else 0
@@ -404,4 +418,4 @@ def make_world(programs, worker):
     link = prefix / "dosdevices" / (letter.lower() + ":")
     link.unlink(missing_ok=True)
     link.symlink_to(folder)
-    return World(programs, letter + ":", folder, f"TarvexTest{letter}")
+    return World(programs, letter + ":", folder, f"TarvexTest{letter}", alone)

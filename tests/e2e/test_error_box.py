@@ -146,10 +146,6 @@ def test_details_after_help(world):
     assert world.run("", steps).windows()[-1].title == "Tarvex - Debug"
 
 
-def test_box_comes_to_the_foreground(failing):
-    assert failing.error_box().foreground
-
-
 def test_captions_fit_their_buttons(failing):
     for button in failing.error_box().of_class("Button"):
         # A character of the box's font is at least five pixels wide.
