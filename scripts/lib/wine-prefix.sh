@@ -1,28 +1,12 @@
 # shellcheck shell=bash
-# wine.sh (to be sourced): Wine sessions for tests and demo. A session is a Wine prefix and an X
-# display of its own, with German settings, that end together.
+# wine-prefix.sh (to be sourced): Wine prefixes with German settings, and their servers.
 #
-#   wine_session_start            starts one; from then on it ends with the calling shell, also when
-#                                 that fails or is told to end (it takes the traps of EXIT, HUP, INT
-#                                 and TERM)
-#   wine_session_run COMMAND ...  runs a command in it: WINEPREFIX, DISPLAY and the locale are set
-#                                 for the command, not for the calling shell
-#   wine_session_stop             ends it before the shell ends
-#
-# Every function returns 1 after one line on stderr when it fails. Every wait has a limit.
-# Usually scripts/wine-session, which does all three, is what one wants.
+# A folder is, everywhere below, that of one prefix and what belongs to it: prefix/, locale/, tmp/,
+# wine.log. Every function returns 1 after one line on stderr when it fails; every wait has a limit.
 
 wine_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # A fresh prefix takes Wine ten seconds, a copy of one less than two. The template is kept here.
 wine_cache=${TARVEX_WINE_CACHE:-$wine_root/build/wine}
-# A Wine server lingers after its last program, so that the next one finds it, but not for ever, so
-# that none stays when nobody could end it.
-wine_linger_seconds=600
-
-wine_session_folder=
-wine_session_display=
-wine_session_processes=() # the X server and the window manager, in the order of their start
-wine_session_command=
 
 wine_fail() {
     printf 'wine: %s\n' "$*" >&2
@@ -65,8 +49,6 @@ wine_quietly() { # seconds log what command ...
     esac
 }
 
-# Below, a folder is that of one prefix and what belongs to it: prefix/, locale/, tmp/, wine.log.
-
 # Prints what Wine's programs need in their environment, as lines for env. TMPDIR is part of it:
 # programs find their server in a folder there whose name the prefix remembers.
 wine_environment() { # folder
@@ -87,16 +69,17 @@ wine_enter() { # folder
 }
 
 # Starts the Wine server of the prefix in the environment unless it runs. It must run before the
-# first program does: a program that has to start it hands its standard output on to it.
-wine_server_start() { # folder, entered before
-    local folder=$1 log=$1/wine.log
+# first program does: a program that has to start it hands its standard output on to it. It lingers
+# after its last program, for a number of seconds or, without one, until it is stopped.
+wine_server_start() { # folder, entered before; [seconds]
+    local folder=$1 seconds=${2:-} log=$1/wine.log
     [[ -d $folder/prefix ]] || wine_fail "the prefix $folder/prefix is gone" || return 1
     (
         # Several programs may be started at once. Nothing that is started may inherit the lock.
         flock -w 240 9 || wine_fail "waited 240 seconds for another start of Wine" || exit 1
         wineserver -k0 2>/dev/null || {
             wine_quietly 20 "$log" "starting the Wine server" \
-                wineserver "-p$wine_linger_seconds" &&
+                wineserver "-p$seconds" &&
                 wine_quietly 180 "$log" "starting Wine" wine wineboot
         } 9>&-
     ) 9>"$folder/lock"
@@ -131,7 +114,7 @@ wine_template_fill() { # folder
         wine_enter "$folder"
         trap 'wine_server_stop "$folder"' EXIT
         international='HKCU\Control Panel\International'
-        wine_server_start "$folder" &&
+        wine_server_start "$folder" 30 &&
             # A crashed program would else wait for somebody to close a dialog.
             wine_registry_add "$log" 'HKCU\Software\Wine\WineDbg' ShowCrashDialog REG_DWORD 0 &&
             # Wine's own German short date is d.M.yyyy, which Windows' is not.
@@ -144,13 +127,13 @@ wine_template_fill() { # folder
     done < <(find "$folder/prefix/drive_c/users" -type l)
 }
 
-# Prints what a prefix depends on, as a number: Wine, this script and the user, whose name is the
-# name of a folder in the prefix.
+# Prints what a prefix depends on, as a number: Wine, what is set in it and the user, whose name is
+# the name of a folder in it.
 wine_cache_key() {
     {
         wine --version
         id -un
-        cat "${BASH_SOURCE[0]}"
+        declare -f wine_environment wine_template_fill wine_standing_fill
     } | cksum | cut -d ' ' -f 1
 }
 
@@ -198,7 +181,7 @@ wine_standing_fill() { # folder
     (
         wine_enter "$folder"
         trap 'wine_server_stop "$folder"' EXIT
-        wine_server_start "$folder" &&
+        wine_server_start "$folder" 30 &&
             wine_registry_add "$folder/wine.log" 'HKCU\Software\Wine\Drivers' Graphics REG_SZ null
     )
 }
@@ -209,92 +192,4 @@ wine_standing() {
     folder=$wine_cache/standing-$(wine_cache_key)
     wine_cache_make "$folder" wine_standing_fill || return 1
     printf '%s\n' "$folder"
-}
-
-wine_display_start() { # sets wine_session_display
-    local folder=$wine_session_folder
-    # setsid: Ctrl-C on the terminal must not end the display before the programs that use it.
-    setsid Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset \
-        3>"$folder/display" >"$folder/xvfb.log" 2>&1 </dev/null &
-    wine_session_processes+=($!)
-    wine_wait 30 "the X server" $! test -s "$folder/display" || return 1
-    wine_session_display=:$(<"$folder/display")
-    # The configuration is named so that the one of the user's desktop is not taken.
-    DISPLAY=$wine_session_display XDG_CACHE_HOME=$folder/tmp setsid openbox --sm-disable \
-        --config-file /etc/xdg/openbox/rc.xml >"$folder/openbox.log" 2>&1 </dev/null &
-    wine_session_processes+=($!)
-    wine_wait 30 "the window manager" $! wine_window_manager_runs
-}
-
-wine_window_manager_runs() {
-    xprop -display "$wine_session_display" -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
-}
-
-wine_session_open() {
-    wine_display_start && wine_copy_template "$wine_session_folder" || return 1
-    (
-        wine_enter "$wine_session_folder"
-        export DISPLAY=$wine_session_display
-        wine_server_start "$wine_session_folder"
-    )
-}
-
-wine_session_start() {
-    [[ -z $wine_session_folder ]] || wine_fail "a session runs already" || return 1
-    wine_need wine wineserver Xvfb openbox xprop || return 1
-    trap 'exit 129' HUP
-    trap 'exit 130' INT
-    trap 'exit 143' TERM
-    trap 'wine_session_stop || true' EXIT
-    wine_session_folder=$(mktemp -d "${TMPDIR:-/tmp}/tarvex-wine.XXXXXX") || return 1
-    wine_session_open && return 0
-    wine_session_stop
-    return 1
-}
-
-# The command gets a process group of its own, so that all of it can be ended, and runs in the
-# background, so that a signal is heeded at once. It has no standard input.
-wine_session_run() { # command ...
-    [[ -n $wine_session_folder ]] || wine_fail "no session runs" || return 1
-    local environment code=0
-    mapfile -t environment < <(wine_environment "$wine_session_folder")
-    # --default-signal: commands in the background of a script ignore Ctrl-C, and so would tests.
-    setsid env --default-signal=INT,QUIT "${environment[@]}" DISPLAY="$wine_session_display" \
-        TARVEX_WINE_SESSION="$wine_session_folder" \
-        "$@" </dev/null &
-    wine_session_command=$!
-    wait "$wine_session_command" || code=$?
-    wine_end_group "what the command left running" "$wine_session_command"
-    wine_session_command=
-    return "$code"
-}
-
-# Processes that ended but that nobody asked about, as in a container without an init, do not count.
-wine_group_ended() { ! pgrep -g "$1" -r D,R,S,T; }
-
-wine_end_group() { # what process-group
-    ! wine_group_ended "$2" >/dev/null || return 0
-    kill -TERM -- "-$2" 2>/dev/null || return 0
-    wine_wait 10 "the end of $1" 0 wine_group_ended "$2" || kill -KILL -- "-$2" 2>/dev/null || true
-}
-
-wine_session_stop() {
-    [[ -n $wine_session_folder ]] || return 0
-    trap '' HUP INT TERM # a second Ctrl-C must not leave half of it
-    local folder=$wine_session_folder i
-    if [[ -n $wine_session_command ]]; then
-        wine_end_group "the command" "$wine_session_command"
-        wine_session_command=
-    fi
-    if [[ -d $folder/prefix ]]; then
-        wine_server_stop "$folder" || true
-    fi
-    for ((i = ${#wine_session_processes[@]} - 1; i >= 0; i--)); do
-        wine_end_group "the X display" "${wine_session_processes[i]}"
-    done
-    wait "${wine_session_processes[@]}" 2>/dev/null || true
-    rm -rf "$folder" || wine_fail "$folder could not be removed" || true
-    wine_session_processes=()
-    wine_session_folder=
-    trap - HUP INT TERM EXIT
 }
