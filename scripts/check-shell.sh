@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# shellcheck over every shell script of the project.
+# Runs shellcheck over every shell script of the project.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 git ls-files -co --exclude-standard | while read -r file; do

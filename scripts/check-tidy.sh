@@ -8,21 +8,26 @@ cd "$(dirname "$0")/.."
 stamps=build/tidy
 mkdir -p "$stamps"
 folders=(app branding configurator errors launch platform util tests/support)
-base=$(cat .clang-tidy CMakeLists.txt cmake/*.cmake $(git ls-files -co --exclude-standard '*.h' '*.inc') |
-    sha256sum | cut -d' ' -f1)
+base=$({
+    cat .clang-tidy CMakeLists.txt cmake/*.cmake
+    git ls-files -co --exclude-standard -z '*.h' '*.inc' | xargs -0 cat
+} | sha256sum | cut -d' ' -f1)
 
 cxx=/usr/lib/gcc/i686-w64-mingw32/12-win32/include/c++
 windows=(--extra-arg-before=--target=i686-w64-mingw32 --extra-arg=-nostdinc++
-    --extra-arg=-isystem$cxx --extra-arg=-isystem$cxx/i686-w64-mingw32
-    --extra-arg=-isystem$cxx/backward)
+    "--extra-arg=-isystem$cxx" "--extra-arg=-isystem$cxx/i686-w64-mingw32"
+    "--extra-arg=-isystem$cxx/backward")
 
 tidy() {
     local file=$1 stamp log
     shift
-    stamp=$stamps/$(printf '%s' "$file" | tr '/' '+').$( (echo "$base"; cat "$file") | sha256sum | cut -c1-16)
+    stamp=$stamps/$(printf '%s' "$file" | tr '/' '+').$({
+        echo "$base"
+        cat "$file"
+    } | sha256sum | cut -c1-16)
     [ -e "$stamp" ] && return 0
     log=$stamp.log
-    if clang-tidy --quiet "$@" "$file" >"$log" 2>/dev/null; then
+    if clang-tidy-14 --quiet "$@" "$file" >"$log" 2>/dev/null; then
         rm -f "$log" "$stamps/$(printf '%s' "$file" | tr '/' '+')".*
         : >"$stamp"
     else
