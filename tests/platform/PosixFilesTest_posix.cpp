@@ -13,13 +13,7 @@ namespace tarvex {
 
 namespace {
 
-class PosixWorld : public TestFolder {
-public:
-    BinaryFiles& files() { return files_; }
-
-private:
-    PosixBinaryFiles files_;
-};
+using PosixWorld = RealWorld<PosixBinaryFiles>;
 
 struct PosixSystem {
     using Files = PosixBinaryFiles;

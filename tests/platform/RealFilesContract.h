@@ -6,6 +6,16 @@
 
 namespace tarvex {
 
+/// The world of a BinaryFilesContract in a real folder.
+template <class Files>
+class RealWorld : public TestFolder {
+public:
+    BinaryFiles& files() { return files_; }
+
+private:
+    Files files_;
+};
+
 /// What files of a real system do beyond the contracts of the fakes: two users of one file, and
 /// replacing. A System names the classes: `Files` (BinaryFiles) and `Store` (FileStore).
 template <class System>

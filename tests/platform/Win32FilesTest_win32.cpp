@@ -9,13 +9,7 @@ namespace tarvex {
 
 namespace {
 
-class Win32World : public TestFolder {
-public:
-    BinaryFiles& files() { return files_; }
-
-private:
-    Win32BinaryFiles files_;
-};
+using Win32World = RealWorld<Win32BinaryFiles>;
 
 struct Win32System {
     using Files = Win32BinaryFiles;

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/win32/WindowsApi.h"
 #include "tests/platform/RegistryContract.h"
 #include "tests/platform/ScratchRegistry_win32.h"
@@ -20,19 +22,26 @@ TEST(Win32RegistryTest, ExpandableAndMultipleTextsAreOfAnotherType) {
     EXPECT_EQ(registry.ReadText(kHKeyCurrentUser, u"Schlüssel", u"Text"), text);
 }
 
-/// The system hands out the lowest free handle.
-ULONG_PTR NextKeyHandle() {
-    HKEY key = nullptr;
-    RegOpenKeyExA(HKEY_CURRENT_USER, "Schl\xFCssel", 0, KEY_QUERY_VALUE, &key);
-    RegCloseKey(key);
-    return reinterpret_cast<ULONG_PTR>(key);
+/// The highest of some handles opened at once. The system hands out the lowest free ones, so that
+/// it rises with the number of handles left open.
+ULONG_PTR HighestNextHandle() {
+    HKEY keys[16] = {};
+    for (HKEY& key : keys) {
+        RegOpenKeyExA(HKEY_CURRENT_USER, "Schl\xFCssel", 0, KEY_QUERY_VALUE, &key);
+    }
+    ULONG_PTR highest = 0;
+    for (const HKEY key : keys) {
+        highest = std::max(highest, reinterpret_cast<ULONG_PTR>(key));
+        RegCloseKey(key);
+    }
+    return highest;
 }
 
 TEST(Win32RegistryTest, TenThousandReadsLeaveNoHandleOpen) {
     ScratchRegistry scratch;
     scratch.SetText(kHKeyCurrentUser, u"Schlüssel", u"Pfad", "C:\\Daten");
     const Registry& registry = scratch.registry();
-    const ULONG_PTR before = NextKeyHandle();
+    const ULONG_PTR before = HighestNextHandle();
     ASSERT_NE(before, 0u);
     for (int i = 0; i < 2500; ++i) {
         registry.ReadText(kHKeyCurrentUser, u"Schlüssel", u"Pfad");
@@ -40,7 +49,7 @@ TEST(Win32RegistryTest, TenThousandReadsLeaveNoHandleOpen) {
         registry.ReadText(kHKeyCurrentUser, u"Fehlt", u"Pfad");
         registry.ListValueNames(kHKeyCurrentUser, u"Schlüssel", 255, 4096);
     }
-    EXPECT_EQ(NextKeyHandle(), before);
+    EXPECT_EQ(HighestNextHandle(), before);
 }
 
 }  // namespace
