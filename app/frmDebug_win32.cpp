@@ -68,6 +68,9 @@ protected:
             case WM_SETFOCUS:
                 SetFocus(edit_);
                 return 0;
+            case WM_ERASEBKGND:
+                PaintMargin(reinterpret_cast<HDC>(first));
+                return TRUE;
             case WM_CTLCOLORSTATIC:
                 return reinterpret_cast<LRESULT>(
                     Background(reinterpret_cast<HDC>(first), reinterpret_cast<HWND>(second)));
@@ -91,8 +94,8 @@ private:
                               WS_VISIBLE | WS_HSCROLL | WS_VSCROLL | ES_MULTILINE | ES_READONLY |
                                   ES_AUTOHSCROLL | ES_AUTOVSCROLL | ES_NOHIDESEL,
                               IDC_TXTDEBUG);
-        notice_ =
-            CreateControl(L"STATIC", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, IDC_DEBUG_NOTICE);
+        notice_ = CreateControl(L"STATIC", SS_LEFT | SS_CENTERIMAGE | SS_NOPREFIX | SS_ENDELLIPSIS,
+                                IDC_DEBUG_NOTICE);
         if (edit_ == nullptr || notice_ == nullptr) {
             return false;
         }
@@ -136,7 +139,15 @@ private:
         const int noticeHeight = hasNotice ? std::min<int>(Scaled(20, dpi_), inner.bottom) : 0;
         const int editHeight = inner.bottom - noticeHeight;
         MoveWindow(edit_, 0, 0, inner.right, editHeight, TRUE);
-        MoveWindow(notice_, 0, editHeight, inner.right, noticeHeight, TRUE);
+        const int margin = Scaled(4, dpi_);
+        MoveWindow(notice_, margin, editHeight, inner.right - margin, noticeHeight, TRUE);
+    }
+
+    // Nothing of the window itself is seen but the margin left of the notice.
+    void PaintMargin(HDC dc) const {
+        RECT inner{};
+        GetClientRect(Window(), &inner);
+        FillRect(dc, &inner, GetSysColorBrush(COLOR_INFOBK));
     }
 
     HBRUSH Background(HDC dc, HWND control) const {
