@@ -167,6 +167,7 @@ std::u16string UnknownNameText(std::u16string_view name) {
 const std::vector<const BrandField*>& FieldsByNumber() {
     static const std::vector<const BrandField*> fields = [] {
         std::vector<const BrandField*> sorted;
+        sorted.reserve(kBrandFields.size());
         for (const BrandField& field : kBrandFields) {
             sorted.push_back(&field);
         }

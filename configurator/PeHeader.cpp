@@ -13,7 +13,7 @@ constexpr std::uint32_t kFileIsLibrary = 0x2000;
 constexpr std::uint32_t kOptionalHeader32 = 0x10b;
 constexpr std::size_t kDirectoryCountOffset = 92;  // within the optional header
 constexpr std::size_t kDirectoriesOffset = 96;
-constexpr std::uint32_t kSecurityDirectory = 4;
+constexpr std::size_t kSecurityDirectory = 4;
 
 /// A little-endian number of `size` bytes; nothing when it does not lie in the file.
 std::optional<std::uint32_t> Number(std::string_view bytes, std::size_t at, std::size_t size) {
