@@ -1,5 +1,8 @@
 #include "branding/BrandErrors.h"
 
+#include <string>
+#include <utility>
+
 #include "errors/RaisedError.h"
 #include "errors/cuAppError.h"
 #include "util/Text.h"
@@ -40,6 +43,13 @@ std::u16string_view ErrorText(BrandError error) {
     return {};
 }
 
+RaisedError Raised(BrandError error, std::u16string description) {
+    RaisedError raised;
+    raised.number = BrandErrorNumber(error);
+    raised.description = std::move(description);
+    return raised;
+}
+
 }  // namespace
 
 std::int32_t BrandErrorNumber(BrandError error) {
@@ -47,17 +57,11 @@ std::int32_t BrandErrorNumber(BrandError error) {
 }
 
 void RaiseBrandError(BrandError error, std::u16string_view name) {
-    RaisedError raised;
-    raised.number = BrandErrorNumber(error);
-    raised.description = text::Replace(ErrorText(error), u"##", name);
-    throw raised;
+    throw Raised(error, text::Replace(ErrorText(error), u"##", name));
 }
 
 void RaiseCannotWrite() {
-    RaisedError raised;
-    raised.number = BrandErrorNumber(BrandError::WrongMode);
-    raised.description = u"Das Schreiben ist im aktuellen Modus nicht möglich.";
-    throw raised;
+    throw Raised(BrandError::WrongMode, u"Das Schreiben ist im aktuellen Modus nicht möglich.");
 }
 
 }  // namespace tarvex

@@ -23,7 +23,7 @@ struct BrandMark {
 inline constexpr std::size_t kMarkHeaderWithoutName = 18;
 
 /// Most characters that a mark can have, name and value area included.
-inline constexpr std::size_t kLongestMark = kMarkHeaderWithoutName + 2 * 9999;
+inline constexpr std::size_t kLongestMark = kMarkHeaderWithoutName + 9999 + 9999;
 
 /// Reads a mark that the text begins with; nothing when there is none. Case of the prefix is
 /// ignored; number and width are decimal digits.

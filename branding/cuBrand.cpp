@@ -14,7 +14,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::int32_t kBytesPerCharacter = 2;
+constexpr std::size_t kBytesPerCharacter = 2;
 
 std::u16string ItemHeader(const cuBranding& item) {
     return MarkHeader(item.Index(), item.NumChars(), item.Name());
@@ -196,9 +196,10 @@ bool cuBrand::HeaderStandsBefore(const cuBranding& item) const {
     if (SeekData(header) == 0) {
         return false;
     }
-    const auto length = static_cast<std::int32_t>(header.size());
-    return text::EqualsIgnoreCase(
-        ReadData(std::int64_t{item.StartPosition()} - kBytesPerCharacter * length, length), header);
+    const auto headerBytes = static_cast<std::int64_t>(kBytesPerCharacter * header.size());
+    const std::u16string found =
+        ReadData(item.StartPosition() - headerBytes, static_cast<std::int32_t>(header.size()));
+    return text::EqualsIgnoreCase(found, header);
 }
 
 std::u16string cuBrand::ReadBranding(const cuBranding& item) const {
