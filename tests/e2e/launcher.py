@@ -308,9 +308,10 @@ class World:
         return [("signal", windows_path(ready)), ("await", windows_path(done))]
 
     def log_window(self, tail="/T", before=(), **options):
-        """Shows the log window, closes it and returns it as it was."""
-        steps = [*before, ("window", f"title={LOG_WINDOW}"), ("close",), ("gone",), ("exit",)]
-        return self.run(tail, steps, **options).windows()[-1]
+        """Shows the log window, closes it and returns it as it was. Its content is complete when it
+        shows."""
+        steps = [*before, ("appear", f"title={LOG_WINDOW}"), ("close",), ("gone",), ("exit",)]
+        return self.run(tail, steps, **options).windows("appear")[-1]
 
     def shown(self, tail="/T", **options):
         """The text of the log window."""
@@ -331,12 +332,12 @@ class World:
         steps = [
             ("window", f"title={PROJECT}"),
             ("press", "caption", "&Details"),
-            ("window", f"title={LOG_WINDOW}"),
+            ("appear", f"title={LOG_WINDOW}"),
             ("close",),
             ("gone",),
             ("exit",),
         ]
-        return self.run(tail, steps, **options).windows()[-1].edit["text"]
+        return self.run(tail, steps, **options).windows("appear")[-1].edit["text"]
 
     def sections(self, tail="/T", **options):
         """The text of the test mode by its bracketed headings, as lists of lines; the empty lines
@@ -389,8 +390,8 @@ class World:
             rows.append(("@" if name == "" else f'"{name}"') + "=" + data)
         self._import([f"[{key}]", *rows])
 
-    def remove_key(self, key):
-        self._import([f"[-{key}]"])
+    def remove_keys(self, *keys):
+        self._import([f"[-{key}]" for key in keys])
 
     def _import(self, rows):
         text = "\r\n".join(["Windows Registry Editor Version 5.00", "", *rows, "", ""])
@@ -401,8 +402,8 @@ class World:
 
     def close(self):
         if self._registry_used:
-            for root in ("HKEY_CURRENT_USER\\Software", "HKEY_LOCAL_MACHINE\\SOFTWARE"):
-                self.remove_key(f"{root}\\{self.key}")
+            roots = ("HKEY_CURRENT_USER\\Software", "HKEY_LOCAL_MACHINE\\SOFTWARE")
+            self.remove_keys(*(f"{root}\\{self.key}" for root in roots))
         for place in (self.folder, self.work):
             shutil.rmtree(place)
 

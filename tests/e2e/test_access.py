@@ -52,9 +52,9 @@ def test_folder_named_like_the_program_does_not_count(world):
 @pytest.fixture
 def office_key(world):
     key = "HKEY_LOCAL_MACHINE\\" + OFFICE_KEY
-    world.remove_key(key)
+    world.remove_keys(key)
     yield key
-    world.remove_key(key)
+    world.remove_keys(key)
 
 
 # The key is the same for all worlds.
@@ -206,7 +206,7 @@ class TestKeyList:
         try:
             log = access_log(world)
         finally:
-            world.remove_key(f"{long}\\{below}")
+            world.remove_keys(f"{long}\\{below}")
         assert log[2] == f" - HKey: {short[long]}"
         assert log[-1] == "Access-EXE: OK"
 

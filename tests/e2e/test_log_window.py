@@ -64,7 +64,8 @@ class TestWindow:
         assert left >= 0 and top >= 0 and left + width <= 1280 and top + height <= 1024
 
     def test_window_is_not_kept_in_front_of_others(self, branded):
-        assert not branded.log_window("/T").exstyle & 0x8
+        (window,) = branded.run("/T", [LOG, *CLOSE]).windows()
+        assert not window.exstyle & 0x8
 
     def test_end_entry_of_the_menu(self, branded, menu):
         branded.run("/T", [LOG, ("command", menu["&Beenden"]), ("gone",), ("exit",)])

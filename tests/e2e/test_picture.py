@@ -199,16 +199,16 @@ class TestWindow:
         # Lossy pictures come out a shade off.
         assert all(abs(value - COLOUR[index % 3]) <= 3 for index, value in enumerate(pixels))
 
-    @pytest.mark.parametrize("delay", [300, 1000, 2500])
+    @pytest.mark.parametrize("delay", [300, 1500])
     def test_time_is_exact_to_a_tenth_of_a_second(self, world, delay):
         world.write(r"\Prog\Bild.bmp", pictures.bitmap(64, 48))
         world.brand_with_access(PicFilename="Bild.bmp", PicDelay=str(delay))
-        # A busy machine may delay the one who looks: the best of three counts.
+        # A busy machine may delay the one who looks; one good look of three is enough.
         times = []
-        for _ in range(3):
+        while len(times) < 3 and not any(abs(time - delay) < 100 for time in times):
             run = world.run("", self.steps())
             times.append((run.step("gone")["us"] - run.step("appear")["us"]) / 1000)
-        assert min(abs(time - delay) for time in times) < 100, times
+        assert any(abs(time - delay) < 100 for time in times), times
 
     def test_access_is_started_when_the_picture_has_gone(self, world):
         world.write(r"\Prog\Bild.bmp", pictures.bitmap(64, 48))
