@@ -160,6 +160,13 @@ class TestSaving:
         else:
             assert not branded.exists(r"\Prog\Start.err")
 
+    def test_name_outside_the_code_page_does_not_prevent_saving(self, world, menu):
+        world.use("\\Prog\\数据 ä.exe")
+        world.brand_with_access()
+        steps = [LOG, ("command", menu["&Speichern"]), DIALOG, ("set", NAME, "Bericht.err")]
+        world.run("/T", [*steps, ("press", "id", "1"), ("gone",), LOG, *CLOSE])
+        assert world.exists(r"\Prog\Bericht.err")
+
     def test_details_can_be_saved(self, world, menu):
         world.brand(AccPath=world.path(r"\Nirgends"))
         steps = [

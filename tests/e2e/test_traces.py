@@ -10,11 +10,25 @@ import launcher
 SAMPLE_OF_RUNS = 8
 
 
-def user_registry(world):
-    """Everything below the user's key as text, but what Wine itself counts."""
-    file = world.work / "exported.reg"
-    launcher.wine("reg", "export", r"HKCU\Software", launcher.windows_path(file), "/y")
-    return file.read_bytes().decode("utf-16")
+def registry(world):
+    """The registry's keys with their values, but those of Wine itself and of the tests that run at
+    the same time."""
+    keys = []
+    for root in (r"HKCU\Software", r"HKLM\Software"):
+        file = world.work / "exported.reg"
+        launcher.wine("reg", "export", root, launcher.windows_path(file), "/y")
+        keys += file.read_bytes().decode("utf-16").split("\r\n\r\n")
+    return [key for key in keys if "\\TarvexTest" not in key and "\\Wine\\" not in key]
+
+
+def other_files(world):
+    """Every file of the system drive outside the worlds, with size and time."""
+    worlds = world.folder.parent
+    return {
+        file: (file.stat().st_size, file.stat().st_mtime_ns)
+        for file in worlds.parent.rglob("*")
+        if worlds not in file.parents and file.is_file()
+    }
 
 
 # Other worlds write their own keys meanwhile.
@@ -24,7 +38,7 @@ def test_nothing_is_written_but_the_log(world, log):
     world.write(r"\Prog\Start.mdb")
     world.brand_with_access(Log=log)
     before = world.snapshot()
-    registry = own_part(user_registry(world))
+    keys, files = registry(world), other_files(world)
     world.started()
     world.shown("/T")
     world.shown("/D")
@@ -34,13 +48,8 @@ def test_nothing_is_written_but_the_log(world, log):
     expected = {"Office/msaccess.rec"} | ({"Prog/Start.log"} if log else set())
     assert new == expected
     assert all(after[name] == content for name, content in before.items())
-    assert own_part(user_registry(world)) == registry
-
-
-def own_part(text):
-    """Keys that tests running at the same time make are none of the launcher's business."""
-    keys = text.split("\r\n\r\n")
-    return [key for key in keys if "\\TarvexTest" not in key and "\\Wine\\" not in key]
+    assert registry(world) == keys
+    assert other_files(world) == files
 
 
 def test_nothing_is_written_on_failure_either(world):
