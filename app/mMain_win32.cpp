@@ -41,6 +41,9 @@ void RunLauncher() {
         cuAppError appError(ui, texts, program);
         LogFile log(files, clock, codec, program);
         Win32AppWindows windows(appError, ui, files, codec);
+        ui.SetHelpOpener([&windows](const std::u16string& file, std::int32_t context) {
+            windows.ShowHelp(file, context);
+        });
         const LaunchEnvironment environment{registry, files, codec, settingsCodec, ui, program};
         Application application({environment, appError, image, windows, process, log, versions});
         application.Init();
