@@ -14,7 +14,7 @@ CREDENTIALS = ("User", "Pwd", "EditPwd")
 
 
 def _characters():
-    """The characters of code page 1252, as Windows has them: unused codes are control characters."""
+    """The characters of code page 1252 as Windows has them: codes without one are control codes."""
     return [bytes([code]).decode("cp1252", "ignore") or chr(code) for code in range(256)]
 
 

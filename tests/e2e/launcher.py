@@ -1,4 +1,4 @@
-"""A world of its own for a launcher: a drive with its folders, a stand-in for Access, registry keys.
+"""A world of its own for a launcher: a drive with folders, a stand-in for Access, registry keys.
 
 Windows paths are texts with backslashes; `World.unix` gives the file that belongs to one.
 """
@@ -25,6 +25,10 @@ BOX_TEXT = (
     "Klicken Sie auf <Details>, um erweiterte Fehlerinformationen anzuzeigen."
 )
 DETAILS_HEADING = "Tarvex - Erweiterte Fehlerinformationen:"
+# Steps of the driver: a settled error box, not one seen before; a settled log window; the end.
+BOX = ("window", f"title={PROJECT}", "new=")
+LOG = ("window", f"title={LOG_WINDOW}")
+END = [("gone",), ("exit",)]
 GOLDEN = pathlib.Path(__file__).parent.parent / "golden"
 SECONDS_FOR_A_RUN = 90
 
@@ -310,7 +314,7 @@ class World:
     def log_window(self, tail="/T", before=(), **options):
         """Shows the log window, closes it and returns it as it was. Its content is complete when it
         shows."""
-        steps = [*before, ("appear", f"title={LOG_WINDOW}"), ("close",), ("gone",), ("exit",)]
+        steps = [*before, ("appear", f"title={LOG_WINDOW}"), ("close",), *END]
         return self.run(tail, steps, **options).windows("appear")[-1]
 
     def shown(self, tail="/T", **options):
@@ -319,24 +323,13 @@ class World:
 
     def error_box(self, tail="", **options):
         """Shows the error box, ends with it and returns it."""
-        steps = [
-            ("window", f"title={PROJECT}"),
-            ("press", "caption", "&Beenden"),
-            ("gone",),
-            ("exit",),
-        ]
+        steps = [BOX, ("press", "caption", "&Beenden"), *END]
         return self.run(tail, steps, **options).windows()[-1]
 
     def details(self, tail="", **options):
         """The text behind "&Details" of the error box."""
-        steps = [
-            ("window", f"title={PROJECT}"),
-            ("press", "caption", "&Details"),
-            ("appear", f"title={LOG_WINDOW}"),
-            ("close",),
-            ("gone",),
-            ("exit",),
-        ]
+        shown = ("appear", f"title={LOG_WINDOW}")
+        steps = [BOX, ("press", "caption", "&Details"), shown, ("close",), *END]
         return self.run(tail, steps, **options).windows("appear")[-1].edit["text"]
 
     def sections(self, tail="/T", **options):

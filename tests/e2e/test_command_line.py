@@ -36,14 +36,23 @@ def test_access_alone(world):
     assert world.started()["line"] == f'"{world.drive}\\Office\\msaccess.exe"'
 
 
-def test_everything_in_its_order(world):
-    world.write(r"\Daten\Kunden.mdb")
-    world.write(r"\Daten\System.mdw")
+def brand_with_both_databases(world, **fields):
+    """Returns the beginning of the line that must come of it."""
+    database = world.write(r"\Daten\Kunden.mdb")
+    workgroup = world.write(r"\Daten\System.mdw")
     world.brand_with_access(
         DBPath=world.path(r"\Daten"),
         DBFilename="Kunden.mdb",
         SysDBPath=world.path(r"\Daten"),
         SysDBFilename="System.mdw",
+        **fields,
+    )
+    return f'"{world.drive}\\Office\\msaccess.exe" "{database}" /wrkgrp "{workgroup}"'
+
+
+def test_everything_in_its_order(world):
+    start = brand_with_both_databases(
+        world,
         **{flag: "1" for flag in ALL_FLAGS},
         Profile="Büro",
         Macro="Anfang",
@@ -51,9 +60,7 @@ def test_everything_in_its_order(world):
         Pwd="geheim",
         Cmd="Filiale 7",
     )
-    start = (
-        f'"{world.drive}\\Office\\msaccess.exe" "{world.drive}\\Daten\\Kunden.mdb"'
-        f' /wrkgrp "{world.drive}\\Daten\\System.mdw"'
+    start += (
         " /Compact /Excl /nostartup /Repair /ro /Runtime /Decompile"
         ' /Profile "Büro" /x "Anfang"'
     )
@@ -62,22 +69,8 @@ def test_everything_in_its_order(world):
 
 
 def test_user_and_password_with_two_options(world):
-    world.write(r"\Daten\Kunden.mdb")
-    world.write(r"\Daten\System.mdw")
-    world.brand_with_access(
-        DBPath=world.path(r"\Daten"),
-        DBFilename="Kunden.mdb",
-        SysDBPath=world.path(r"\Daten"),
-        SysDBFilename="System.mdw",
-        Exclusive="1",
-        Runtime="1",
-        User="Meier",
-        Pwd="a/b",
-    )
-    start = (
-        f'"{world.drive}\\Office\\msaccess.exe" "{world.drive}\\Daten\\Kunden.mdb"'
-        f' /wrkgrp "{world.drive}\\Daten\\System.mdw" /Excl /Runtime'
-    )
+    start = brand_with_both_databases(world, Exclusive="1", Runtime="1", User="Meier", Pwd="a/b")
+    start += " /Excl /Runtime"
     assert world.started()["line"] == start + ' /user "Meier" /pwd "a//b"'
     assert world.sections()[""] == start + ' /user "XXXX" /pwd "YYYY"'
 

@@ -144,9 +144,8 @@ class TestKeyLists:
 
     def test_markers_in_any_case(self, world, field, section, prefix):
         path = world.write(r"\Firma\Daten\Kunden.mdb")
-        log = self.log(
-            world, field, section, "%|SUBDIR|%Daten\\%|filename%|Kunden.mdb", world.path("\\Firma\\")
-        )
+        rest = "%|SUBDIR|%Daten\\%|filename%|Kunden.mdb"
+        log = self.log(world, field, section, rest, world.path("\\Firma\\"))
         assert log[-3:] == [
             f"Schlüsselinhalt um Unterpfad ergänzt: {path}",
             f"{prefix}: {path}",

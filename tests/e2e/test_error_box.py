@@ -3,10 +3,7 @@
 import pytest
 
 import launcher
-
-BOX = ("window", "title=Tarvex", "new=")
-LOG = ("window", f"title={launcher.LOG_WINDOW}")
-END = [("gone",), ("exit",)]
+from launcher import BOX, END, LOG
 
 
 @pytest.fixture
@@ -71,7 +68,8 @@ def test_vendors_details_are_wrapped_above_the_report(world):
     heading, wrapped, report, _ = world.details().split("\r\n\r\n", 3)
     assert heading == launcher.DETAILS_HEADING
     assert launcher.lines(wrapped) == [
-        "Bitte wenden Sie sich an die Hotline und halten Sie Ihre Kundennummer bereit, Bitte wenden",
+        "Bitte wenden Sie sich an die Hotline und halten Sie Ihre Kundennummer bereit, Bitte "
+        "wenden",
         "Sie sich an die Hotline und halten Sie Ihre Kundennummer bereit, Bitte wenden Sie sich an",
         "die Hotline und halten Sie Ihre Kundennummer bereit,",
     ]

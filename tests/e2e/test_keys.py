@@ -2,14 +2,10 @@
 
 import pytest
 
-import launcher
 import pictures
+from launcher import BOX, END, LOG
 
 pytestmark = pytest.mark.xdist_group("foreground")
-
-BOX = ("window", "title=Tarvex", "new=")
-LOG = ("window", f"title={launcher.LOG_WINDOW}")
-END = [("gone",), ("exit",)]
 
 
 @pytest.fixture

@@ -5,8 +5,8 @@ import subprocess
 import pytest
 
 import launcher
+from launcher import LOG
 
-LOG = ("window", f"title={launcher.LOG_WINDOW}")
 DIALOG = ("window", "class=#32770", "has=1148")
 QUESTION = ("window", "class=#32770", "has=6")
 CLOSE = [("close",), ("gone",), ("exit",)]

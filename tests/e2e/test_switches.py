@@ -81,7 +81,8 @@ def test_right_password_shows_the_report(branded, tail):
 
 
 @pytest.mark.parametrize(
-    "tail", ["/D Geheim", "/D GEHEIM", "/D", "/D falsch", "/D extra geheim", "/D gehei", "/D/geheim"]
+    "tail",
+    ["/D Geheim", "/D GEHEIM", "/D", "/D falsch", "/D extra geheim", "/D gehei", "/D/geheim"],
 )
 def test_wrong_password_is_told_and_nothing_else_happens(branded, tail):
     branded.brand_with_access(EditPwd="geheim", Log="1", AppName="Kunden")

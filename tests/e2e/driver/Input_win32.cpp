@@ -74,6 +74,7 @@ bool PressKeys(std::u16string_view keys) {
     }
     for (const std::vector<WORD>& codes : chords) {
         std::vector<INPUT> inputs;
+        inputs.reserve(2 * codes.size());
         for (const WORD code : codes) {
             inputs.push_back(KeyInput(code, 0, 0));
         }
