@@ -3,6 +3,7 @@
 #include "platform/win32/Com.h"
 #include "platform/win32/SystemPath.h"
 #include "platform/win32/WideText.h"
+#include "util/BitmapFile.h"
 
 namespace tarvex {
 
@@ -44,8 +45,9 @@ UniqueMemory ReadFileToMemory(std::u16string_view path) {
     DWORD read = 0;
     const bool complete =
         ReadFile(file.Get(), target, bytes, &read, nullptr) != FALSE && read == bytes;
+    const bool usable = complete && !IsTruncatedBitmap({static_cast<const char*>(target), bytes});
     GlobalUnlock(memory.Get());
-    return complete ? std::move(memory) : UniqueMemory();
+    return usable ? std::move(memory) : UniqueMemory();
 }
 
 ComPtr<IPicture> DecodePicture(const SystemLibrary& ole, HGLOBAL memory) {
