@@ -118,12 +118,12 @@ std::optional<std::u16string> StartPicture::CandidateOf(const KeyListEntry& part
         }
         return value;
     }
-    std::u16string folder = AddSep(value);
+    std::u16string folder = std::move(value);
     if (!parts.subFolder.empty()) {
-        folder += AddSep(parts.subFolder);
+        folder = JoinPath(folder, parts.subFolder);
         AddPictureReportLine(u"Schlüsselinhalt um Unterpfad ergänzt: " + folder);
     }
-    const std::u16string path = folder + parts.fileName;
+    const std::u16string path = JoinPath(folder, parts.fileName);
     AddPictureReportLine(u"Schlüsselinhalt um Dateiname ergänzt: " + path);
     return path;
 }

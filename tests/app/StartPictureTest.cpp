@@ -132,7 +132,7 @@ TEST_F(StartPictureTest, SubFolderAndNameAreAppendedStepByStep) {
                     u" - HKey: HKLM\r\n - Schlüssel: SOFTWARE\\Firma\r\n - Wertname: Bilder\r\n"
                     u" - Unterordner: Neu\r\n - Dateiname: Start.bmp\r\n"
                     u"Schlüsselinhalt: C:\\Bilder\r\n"
-                    u"Schlüsselinhalt um Unterpfad ergänzt: C:\\Bilder\\Neu\\\r\n"
+                    u"Schlüsselinhalt um Unterpfad ergänzt: C:\\Bilder\\Neu\r\n"
                     u"Schlüsselinhalt um Dateiname ergänzt: C:\\Bilder\\Neu\\Start.bmp\r\n"
                     u"Dateiname ist zulässig\r\n")
             .append(kFound));
