@@ -4,7 +4,7 @@
 
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32TextCodec.h"
-#include "tests/platform/TestFolder.h"
+#include "tests/support/TestFolder.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/WindowDriver_win32.h"
 #include "util/QvFileDialog.h"

@@ -6,7 +6,7 @@
 #include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 #include "resources/Version.h"
-#include "tests/platform/TestFolder.h"
+#include "tests/support/TestFolder.h"
 #include "util/FileVersionInfo.h"
 #include "util/Text.h"
 

@@ -2,7 +2,7 @@
 
 #include "platform/FileStore.h"
 #include "tests/platform/BinaryFilesContract.h"
-#include "tests/platform/TestFolder.h"
+#include "tests/support/TestFolder.h"
 
 namespace tarvex {
 

@@ -4,7 +4,7 @@
 #include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/platform/FileSystemContract.h"
-#include "tests/platform/TestFolder.h"
+#include "tests/support/TestFolder.h"
 
 namespace tarvex {
 

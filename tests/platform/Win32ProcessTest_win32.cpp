@@ -3,7 +3,7 @@
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32Process.h"
 #include "platform/win32/WindowsApi.h"
-#include "tests/platform/TestFolder.h"
+#include "tests/support/TestFolder.h"
 #include "util/Text.h"
 
 namespace tarvex {

@@ -7,7 +7,7 @@
 #include "platform/win32/Win32ProgramInfo.h"
 #include "platform/win32/Win32StringTable.h"
 #include "platform/win32/WindowsApi.h"
-#include "tests/platform/TestFolder.h"
+#include "tests/support/TestFolder.h"
 #include "util/Text.h"
 
 namespace tarvex {

@@ -1,5 +1,5 @@
 #include "platform/win32/WindowsApi.h"
-#include "tests/platform/TestFolder.h"
+#include "tests/support/TestFolder.h"
 
 #include <algorithm>
 #include <stdexcept>

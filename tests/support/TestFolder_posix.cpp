@@ -7,7 +7,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "tests/platform/TestFolder.h"
+#include "tests/support/TestFolder.h"
 #include "util/Text.h"
 
 namespace tarvex {
