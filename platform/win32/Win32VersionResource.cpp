@@ -10,6 +10,10 @@ namespace tarvex {
 
 namespace {
 
+/// VerQueryValueA puts a converted text behind the length that the block states for itself, which a
+/// damaged block may state as any of 16 bits: a block of up to 64 KiB, a place in it and a text.
+constexpr std::size_t kRoomBehindBlock = 3 * 0x10000;
+
 template <class Signature>
 Signature* VersionFunction(const char* name) {
     return SystemLibrary(u"version.dll").Function<Signature>(name);
@@ -59,7 +63,7 @@ std::string Win32VersionResource::ReadBlock(std::u16string_view path) const {
     const std::string ansiPath = AnsiPath(path);
     DWORD ignored = 0;
     const DWORD size = sizeOf(ansiPath.c_str(), &ignored);
-    std::string block(size, '\0');
+    std::string block(size == 0 ? 0 : size + kRoomBehindBlock, '\0');
     if (size == 0 || read(ansiPath.c_str(), 0, size, block.data()) == FALSE) {
         return {};
     }
