@@ -41,11 +41,8 @@ DRIVERS = (
     "Comm drv",
 )
 FONTS = ("", "Raster Font", "Vector Font", "TrueType Font")
-# As Wine names them for a German user.
-LANGUAGES = {
-    0x0407: "Deutsch (Deutschland)",
-    0x0409: "Englisch (Vereinigte Staaten)",
-}
+# As Wine names them, in English for every user.
+LANGUAGES = {0x0407: "German", 0x0409: "English"}
 
 
 def wrestool(*arguments):
@@ -61,11 +58,21 @@ def wrestool(*arguments):
     return result.stdout
 
 
+def languages(file):
+    """The languages of the file's version resources; 16-bit files name none, which gives ""."""
+    rows = wrestool("-l", "--type=16", file).decode()
+    return re.findall(r"--type=16 --name=1(?: --language=(\d+))? ", rows)
+
+
+def is_wide(block):
+    """Whether the block is in UTF-16. The key VS_VERSION_INFO begins behind two numbers in blocks of
+    16-bit files, else behind three."""
+    return block[4:6] != b"VS"
+
+
 def resource(file):
     """The bytes of the version resource, None without one."""
-    found = re.findall(
-        r"--type=16 --name=1(?: --language=(\d+))? ", wrestool("-l", "--type=16", file).decode()
-    )
+    found = languages(file)
     if not found:
         return None
     # Of several languages the loader prefers the user's, then the neutral one, then the first.
@@ -124,8 +131,7 @@ def properties(file):
     block = resource(file)
     if block is None:
         return result
-    # The key VS_VERSION_INFO begins behind two numbers in 16-bit blocks, else behind three.
-    wide = block[4:6] != b"VS"
+    wide = is_wide(block)
     root = Node(block, 0, wide)
     assert root.key == "VS_VERSION_INFO"
     fixed = struct.unpack("<13I", root.value)
