@@ -23,7 +23,7 @@ public:
 
     /// Adds one entry: the time in brackets, the text as it is, an empty line. A file that cannot
     /// be written loses the entry without a message, so that logging never hinders a launch.
-    void Append(std::u16string_view entry);
+    void Append(std::u16string_view entry) noexcept;
 
 private:
     FileSystem& files_;

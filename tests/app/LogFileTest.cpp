@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "tests/support/FakeApp.h"
 #include "tests/support/FakeFileSystem.h"
 #include "util/TextCodec1252.h"
@@ -44,6 +46,15 @@ TEST_F(LogFileTest, OnlyTheLastExtensionOfTheLauncherIsReplaced) {
 TEST_F(LogFileTest, NoSecondSeparatorAtADrivesRoot) {
     program.folder = u"C:\\";
     EXPECT_EQ(CompanionPath(program, u".log"), u"C:\\Kunden.log");
+}
+
+TEST_F(LogFileTest, ExceptionLosesTheEntryOnly) {
+    struct : Clock {
+        std::u16string GeneralDateTime() const override { throw std::bad_alloc(); }
+    } failing;
+    LogFile log(files, failing, codec, program);
+    EXPECT_NO_THROW(log.Append(u"eins"));
+    EXPECT_TRUE(files.log.empty());
 }
 
 TEST_F(LogFileTest, FailureIsIgnoredAndTheOldEntriesStay) {
