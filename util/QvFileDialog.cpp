@@ -1,6 +1,7 @@
 #include "util/QvFileDialog.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "util/Text.h"
@@ -79,7 +80,14 @@ ChosenFile QvFileDialog::ShowDialog(const FileDialogOptions& options, std::u16st
     FileDialogCall call;
     call.flags = CheckFlags(intention);
     call.title = ansi_.ToAnsi(options.title.empty() ? defaultTitle : options.title);
-    const std::u16string failure = RunDialog(options, call, show);
+    std::u16string failure;
+    try {
+        failure = RunDialog(options, call, show);
+    } catch (const std::exception& exception) {
+        failure = text::FromUtf8(exception.what());
+    } catch (...) {
+        failure = u"Interner Fehler";
+    }
     if (!failure.empty()) {
         MessageBoxRequest box;
         box.text = failure;

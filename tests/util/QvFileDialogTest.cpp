@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "tests/support/FakeCommonDialogs.h"
 #include "tests/support/FakeUi.h"
 #include "util/TextCodec1252.h"
@@ -134,6 +136,22 @@ TEST_F(QvFileDialogTest, FailedDialogIsShownAsAnErrorWithItsNumber) {
     EXPECT_EQ(u"Error: ShowSave", ui.boxes[0].title);
     EXPECT_EQ(u"Der Dialog kann nicht angezeigt werden (Fehler 3002).", ui.boxes[0].text);
     EXPECT_EQ(48U, ui.boxes[0].style);
+}
+
+TEST_F(QvFileDialogTest, ExceptionOfADialogIsShownAsAnErrorToo) {
+    struct : FakeCommonDialogs {
+        FileDialogEnd ShowOpen(FileDialogCall&) override { throw std::runtime_error("voll"); }
+        FileDialogEnd ShowSave(FileDialogCall&) override { throw 1; }
+    } failing;
+    QvFileDialog broken(failing, ansi, ui);
+    EXPECT_EQ(u"", broken.GetOpenFileName(Named(u"a")).path);
+    EXPECT_EQ(u"", broken.GetSaveFileName(Named(u"a")).path);
+    ASSERT_EQ(2U, ui.boxes.size());
+    EXPECT_EQ(u"Error: ShowOpen", ui.boxes[0].title);
+    EXPECT_EQ(u"voll", ui.boxes[0].text);
+    EXPECT_EQ(u"Error: ShowSave", ui.boxes[1].title);
+    EXPECT_EQ(u"Interner Fehler", ui.boxes[1].text);
+    EXPECT_EQ(48U, ui.boxes[1].style);
 }
 
 TEST_F(QvFileDialogTest, FlagsFollowTheIntentionInAnyCase) {
