@@ -134,10 +134,10 @@ TEST_F(ApplicationErrorsTest, ErrorInTestModeIsLoggedToo) {
 
 TEST_F(ApplicationErrorsTest, LogFollowsTheErrorWindow) {
     windows.answers = {2};
+    windows.whileShown = [&] { EXPECT_FALSE(files.Bytes(u"C:\\Prog\\Start.log")); };
     Launch(With(Missing(), {{kFieldLog, u"1"}}));
-    ASSERT_FALSE(files.log.empty());
-    EXPECT_EQ(files.log.back(), u"append C:\\Prog\\Start.log");
     EXPECT_EQ(windows.events, (std::vector<std::string>{"box", "debug"}));
+    EXPECT_TRUE(files.Bytes(u"C:\\Prog\\Start.log"));
 }
 
 TEST_F(ApplicationErrorsTest, FailedStartNamesTheRealCommandLine) {
@@ -185,6 +185,60 @@ TEST_F(ApplicationErrorsTest, UnbrandedProgramAtADrivesRootIsNamedWithOneSeparat
               std::u16string::npos);
 }
 
+TEST_F(ApplicationErrorsTest, UnreadableSettingsAreToldBeforeSwitchesAreRead) {
+    constants = FakeBrandConstants(With(Kunden(), {{kFieldLog, u"1"}}));
+    constants.marks.push_back(constants.marks.front());
+    windows.answers = {2};
+    LaunchWithConstants(u"/T");
+    EXPECT_EQ(windows.events, (std::vector<std::string>{"box", "debug"}));
+    EXPECT_EQ(OnlyDebugText(),
+              std::u16string(kHeading) +
+                  u"Nummer       : 457\r\n"
+                  u"Quelle       : cuBrandings: Add | cuBrand: LoadFomConstants | pSettings: "
+                  u"LoadSettings |\r\n"
+                  u"               Application: Init\r\n"
+                  u"Beschreibung : Dieser Schlüssel ist bereits einem Element dieser Auflistung "
+                  u"zugeordnet");
+    EXPECT_FALSE(files.Bytes(u"C:\\Prog\\Start.log"));
+}
+
+TEST_F(ApplicationErrorsTest, MissingHelpTopicIsToldAfterSwitchesAreReadAndNotLogged) {
+    constants = FakeBrandConstants(With(Kunden(), {{kFieldLog, u"1"}}));
+    RemoveMark(u"HCID");
+    LaunchWithConstants(u"/T");
+    EXPECT_EQ(windows.events, std::vector<std::string>{"debug"});
+    EXPECT_EQ(OnlyDebugText(),
+              std::u16string(kHeading) +
+                  u"Nummer       : 5\r\n"
+                  u"Quelle       : cuBrandings: Item | pSettings: Value | Application: Init\r\n"
+                  u"Beschreibung : Ungültiger Prozeduraufruf oder ungültiges Argument");
+    LaunchWithConstants(u"/D");
+    EXPECT_EQ(windows.events, (std::vector<std::string>{"debug", "box"}))
+        << "help comes before the report";
+    EXPECT_FALSE(files.Bytes(u"C:\\Prog\\Start.log"));
+}
+
+TEST_F(ApplicationErrorsTest, MissingPictureTimeIsNotLoggedEither) {
+    constants = FakeBrandConstants(With(Kunden(), {{kFieldLog, u"1"}}));
+    RemoveMark(u"PicDelay");
+    LaunchWithConstants();
+    EXPECT_EQ(windows.events, std::vector<std::string>{"box"});
+    EXPECT_FALSE(files.Bytes(u"C:\\Prog\\Start.log"));
+}
+
+TEST_F(ApplicationErrorsTest, RenamedLauncherIsNamedByItsNewName) {
+    program.exeName = u"Lager.v2";
+    windows.answers = {2, 2};
+    constants.marker = u"@#BRANDED0#@";
+    LaunchWithConstants();
+    EXPECT_NE(OnlyDebugText().find(u"Im Startprogramm 'C:\\Prog\\Lager.v2.exe' wurden"),
+              std::u16string::npos);
+    windows.debugWindows.clear();
+    Launch(With(Kunden(), {{kFieldDBPath, u""}, {kFieldDBFilename, u""}}));
+    EXPECT_NE(OnlyDebugText().find(u"'Lager.v2.mdb/mde/mda'"), std::u16string::npos);
+    EXPECT_EQ(windows.debugWindows.back().saveName, u"Lager.v2.err");
+}
+
 TEST_F(ApplicationErrorsTest, MarkerIsComparedWithoutRegardToCase) {
     constants = FakeBrandConstants(Kunden());
     constants.marker = u"@#branded1#@";
@@ -193,28 +247,22 @@ TEST_F(ApplicationErrorsTest, MarkerIsComparedWithoutRegardToCase) {
 }
 
 TEST_F(ApplicationErrorsTest, MissingMarksOfTheErrorTextsDoNotHinderTheBox) {
-    constants = FakeBrandConstants(Missing());
-    std::erase_if(constants.marks, [](const std::u16string& mark) {
-        return mark.find(u"|ErrBoxText|") != std::u16string::npos ||
-               mark.find(u"|ErrDebugText|") != std::u16string::npos;
-    });
+    constants = FakeBrandConstants(With(Missing(), {{kFieldLog, u"1"}}));
+    RemoveMark(u"ErrBoxText");
+    RemoveMark(u"ErrDebugText");
     windows.answers = {2};
     LaunchWithConstants();
     ASSERT_EQ(windows.boxes.size(), 1u);
     EXPECT_EQ(windows.boxes.front().text, kBoxText);
     EXPECT_EQ(OnlyDebugText(), std::u16string(kHeading).append(kMissingReport));
+    EXPECT_EQ(files.Bytes(u"C:\\Prog\\Start.log"),
+              "[24.12.2004 08:15:00]\r\nFehler Nr. -2147220475: Die Datenbank "
+              "'C:\\Prog\\Daten\\Kunden.mdb' ist nicht vorhanden.\r\n\r\n");
 }
 
 TEST_F(ApplicationErrorsTest, MalformedNumberListIsAConversionError) {
     constants = FakeBrandConstants(With(Kunden(), {{kFieldLog, u"1"}}));
-    for (std::u16string& mark : constants.marks) {
-        const std::size_t value = mark.find(u"|User|");
-        if (value != std::u16string::npos) {
-            // "x" in the stored form of the product's key.
-            mark.replace(value + 6, 100, u"\a");
-            mark.resize(value + 6 + 100, u' ');
-        }
-    }
+    Store(u"User", u"\a");  // "x" in the stored form of the product's key
     windows.answers = {2};
     LaunchWithConstants();
     EXPECT_EQ(OnlyDebugText(), std::u16string(kHeading) +

@@ -91,6 +91,11 @@ TEST_F(ApplicationTest, LogIsWrittenExactlyForTheValueOne) {
         Launch(With(Kunden(), {{kFieldLog, value}}));
         EXPECT_FALSE(files.Bytes(u"C:\\Prog\\Start.log"));
     }
+    constants = FakeBrandConstants(Kunden());
+    Store(u"Log", u"€");  // a blank in its stored form
+    LaunchWithConstants();
+    EXPECT_EQ(process.lines.size(), 5u);
+    EXPECT_FALSE(files.Bytes(u"C:\\Prog\\Start.log"));
 }
 
 TEST_F(ApplicationTest, TestModeSaysThatTheLogWouldBeWrittenAndWritesNone) {
@@ -120,6 +125,26 @@ TEST_F(ApplicationTest, PictureIsShownBeforeAnythingIsResolved) {
     ASSERT_EQ(windows.pictures.size(), 1u);
     EXPECT_EQ(windows.pictures.front().path, u"C:\\Prog\\Bild.bmp");
     EXPECT_EQ(windows.pictures.front().milliseconds, 300);
+}
+
+TEST_F(ApplicationTest, PictureThatHasGoneSinceItWasFoundIsNotShown) {
+    files.AddFile(u"C:\\Prog\\Bild.bmp");
+    // The first look finds it, the second does not.
+    files.failCall = 2;
+    Launch(With(Kunden(), {{kFieldPicFilename, u"Bild.bmp"}, {kFieldPicDelay, u"300"}}));
+    EXPECT_EQ(files.log[1], u"exists C:\\Prog\\Bild.bmp");
+    EXPECT_TRUE(windows.events.empty());
+    EXPECT_EQ(process.lines.size(), 1u);
+}
+
+TEST_F(ApplicationTest, PictureCarriesTheHelpTopic) {
+    files.AddFile(u"C:\\Prog\\Start.chm");
+    files.AddFile(u"C:\\Prog\\Bild.bmp");
+    Launch(
+        With(Kunden(),
+             {{kFieldPicFilename, u"Bild.bmp"}, {kFieldPicDelay, u"300"}, {kFieldHCID, u"1000"}}));
+    ASSERT_EQ(windows.pictures.size(), 1u);
+    EXPECT_EQ(windows.pictures.front().helpContext, 1000);
 }
 
 TEST_F(ApplicationTest, InfoModeShowsTheReportAndNothingElse) {
@@ -164,6 +189,9 @@ TEST_F(ApplicationTest, HelpNeedsANumberAndAFile) {
     files.AddFile(u"C:\\Prog\\Start.chm");
     Launch(With(Kunden(), {{kFieldHCID, u"1000"}}), u"/T");
     EXPECT_EQ(appError->HelpFile(), u"C:\\Prog\\Start.chm");
+    program.exeName = u"Lager";
+    Launch(With(Kunden(), {{kFieldHCID, u"1000"}}), u"/T");
+    EXPECT_EQ(appError->HelpFile(), u"") << "a renamed launcher needs help of its own";
 }
 
 TEST_F(ApplicationTest, TarvexIsThereOnceTheStartStepHasMadeIt) {

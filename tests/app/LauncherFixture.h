@@ -63,6 +63,22 @@ protected:
         application->Init();
     }
 
+    /// Puts a stored value into the mark of that name.
+    void Store(std::u16string_view name, std::u16string_view stored) {
+        for (std::u16string& mark : constants.marks) {
+            if (const std::size_t header = HeaderLength(mark, name); header != 0) {
+                const std::size_t length = mark.size();
+                mark.replace(header, mark.size() - header, stored);
+                mark.resize(length, u' ');
+            }
+        }
+    }
+
+    void RemoveMark(std::u16string_view name) {
+        std::erase_if(constants.marks,
+                      [name](const std::u16string& mark) { return HeaderLength(mark, name) != 0; });
+    }
+
     std::u16string OnlyDebugText() const {
         return windows.debugWindows.size() == 1 ? windows.debugWindows.front().text
                                                 : u"<not exactly one log window>";
@@ -82,6 +98,14 @@ protected:
     std::unique_ptr<cuAppError> appError;
     std::unique_ptr<LogFile> log;
     std::unique_ptr<Application> application;
+
+private:
+    /// Characters before the value of the mark; 0 when it is not the mark of that name.
+    static std::size_t HeaderLength(const std::u16string& mark, std::u16string_view name) {
+        const std::u16string field = u"|" + std::u16string(name) + u"|";
+        const std::size_t place = mark.find(field);
+        return place == std::u16string::npos ? 0 : place + field.size();
+    }
 };
 
 }  // namespace tarvex

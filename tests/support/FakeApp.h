@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -49,11 +50,13 @@ public:
     std::vector<Picture> pictures;
     std::vector<CaptionBox> boxes;
     std::vector<HelpCall> helpCalls;
-    std::vector<int> answers;  ///< taken from the front; 1 when none is left
+    std::vector<int> answers;                  ///< taken from the front; 1 when none is left
+    std::function<void()> whileShown = [] {};  ///< called while a box or a log window shows
 
     void ShowDebug(const DebugWindow& window) override {
         events.emplace_back("debug");
         debugWindows.push_back(window);
+        whileShown();
     }
 
     void ShowPicture(std::u16string_view path, std::int32_t milliseconds,
@@ -65,6 +68,7 @@ public:
     int ShowCaptionBox(const CaptionBox& box) override {
         events.emplace_back("box");
         boxes.push_back(box);
+        whileShown();
         if (answers.empty()) {
             return 1;
         }
