@@ -3,6 +3,7 @@
 #include <tuple>
 
 #include "tests/branding/cuBrandFixture.h"
+#include "tests/support/SyntheticLauncher.h"
 
 namespace tarvex {
 namespace {
@@ -113,6 +114,23 @@ TEST_F(cuBrandLoadTest, ReadDataAtAPositionGivesThePaddedValue) {
     for (const cuBranding& item : brand.Brandings()) {
         EXPECT_EQ(brand.ReadData(item.StartPosition(), item.NumChars()),
                   FitToWidth(item.Value(), item.NumChars()));
+    }
+}
+
+TEST_F(cuBrandLoadTest, UnbrandedLauncherHasAllFieldsEmpty) {
+    const SyntheticLauncher launcher;
+    OpenFile(launcher.Build());
+    EXPECT_FALSE(brand.LoadFromFile());
+    EXPECT_EQ(brand.BrandInformation(), BrandState::NotYetBranded);
+    ASSERT_EQ(brand.Brandings().Count(), 67U);
+    std::size_t index = 0;
+    for (const cuBranding& item : brand.Brandings()) {
+        EXPECT_EQ(item.Index(), launcher.marks[index].number);
+        EXPECT_EQ(item.Name(), launcher.marks[index].name);
+        EXPECT_EQ(item.Value(), u"");
+        EXPECT_EQ(brand.ReadData(item.StartPosition(), item.NumChars()),
+                  std::u16string(static_cast<std::size_t>(launcher.marks[index].width), u' '));
+        ++index;
     }
 }
 

@@ -9,6 +9,15 @@
 namespace tarvex {
 namespace {
 
+template <class T>
+concept CanBeCleaned = requires(T item) {
+    item.ClearDirty();
+}
+|| requires(T item) {
+    item.SetDirty(false);
+};
+static_assert(!CanBeCleaned<cuBranding>, "only the collection takes back what was changed");
+
 constexpr std::u16string_view kMissingKey = u"Ungültiger Prozeduraufruf oder ungültiges Argument";
 
 std::u16string Names(const cuBrandings& brandings) {

@@ -4,6 +4,7 @@
 
 #include "branding/BrandFields.h"
 #include "branding/DebugReport.h"
+#include "branding/Scrambling.h"
 #include "errors/MessageTable.h"
 #include "errors/cuAppError.h"
 #include "launch/cuTarvex.h"
@@ -26,6 +27,12 @@ protected:
     void Load(const FakeBrandConstants::Values& values) {
         constants = FakeBrandConstants(values);
         settings.LoadSettings();
+    }
+
+    void RemoveMark(std::u16string_view part) {
+        std::erase_if(constants.marks, [part](const std::u16string& mark) {
+            return mark.find(part) != std::u16string::npos;
+        });
     }
 
     FakeUi ui;
@@ -55,7 +62,7 @@ TEST_F(pSettingsTest, UnbrandedProgramIsReportedWithItsPath) {
                 u"Verwenden Sie das Tarvex-Konfigurationsprogramm, um die Parameter für die zu "
                 u"ladende Access-Datenbank einzustellen.",
                 u"pSettings: LoadSettings");
-    EXPECT_NE(settings.Value(kFieldAppName), u"Kunden");
+    EXPECT_EQ(settings.Value(kFieldAppName), ScrambleBrandValue(u"Kunden", codec));
     EXPECT_EQ(appError.AppName(), u"Tarvex");
 }
 
@@ -223,6 +230,16 @@ TEST_F(pSettingsTest, FieldWithTwoEntriesActsAsTwo) {
               (std::vector<std::u16string>{u"HKLM\\D\\1", u"HKLM\\D\\2", u"HKLM\\D\\3"}));
 }
 
+TEST_F(pSettingsTest, MissingKeyListNamesEveryPlaceOnTheWay) {
+    constants = FakeBrandConstants(FakeBrandConstants::Values{});
+    RemoveMark(u"|003|");
+    settings.LoadSettings();
+    ExpectError(ErrorOf([&] { settings.InitTarvex(); }), 5,
+                u"Ungültiger Prozeduraufruf oder ungültiges Argument",
+                u"cuBrandings: Item | pSettings: Value | pSettings: BuildRegLists | pSettings: "
+                u"InitTarvex");
+}
+
 TEST_F(pSettingsTest, EachLaunchObjectIsNew) {
     Load({});
     const auto first = settings.InitTarvex();
@@ -281,6 +298,15 @@ TEST_F(DebugInfoTest, UserAndPasswordsAreNotShown) {
     EXPECT_EQ(report.find(u"Meier"), std::u16string::npos);
     EXPECT_EQ(report.find(u"geheim"), std::u16string::npos);
     EXPECT_EQ(report.find(u'#'), std::u16string::npos);
+}
+
+TEST_F(DebugInfoTest, MissingFileIDNamesEveryPlaceOnTheWay) {
+    constants = FakeBrandConstants(FakeBrandConstants::Values{});
+    RemoveMark(u"|FileID|");
+    settings.LoadSettings();
+    ExpectError(ErrorOf([&] { settings.DebugInfo(versions); }), 5,
+                u"Ungültiger Prozeduraufruf oder ungültiges Argument",
+                u"cuBrandings: Item | pSettings: Value | pSettings: DebugInfo");
 }
 
 TEST_F(DebugInfoTest, TextsComeFromTheVersionResourceOfTheLauncher) {
