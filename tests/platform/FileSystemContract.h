@@ -59,6 +59,8 @@ TYPED_TEST_P(FileSystemContract, FileIsNotFoundByAnOpenEndWildcardsOrQuotes) {
     EXPECT_FALSE(files.FileExists(u"\"" + this->world.Path(u"Kunden.mdb") + u"\""));
     EXPECT_FALSE(this->Exists(u"Fehlt.mdb"));
     EXPECT_FALSE(this->Exists(u"Fehlt\\Kunden.mdb"));
+    EXPECT_FALSE(files.FileExists(u"1:\\Kunden.mdb"));
+    EXPECT_FALSE(this->Exists(u"Kunden<>|\t.mdb"));
 }
 
 TYPED_TEST_P(FileSystemContract, AppendCreatesTheFileAndWritesAtItsEnd) {
