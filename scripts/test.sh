@@ -9,7 +9,7 @@ root=$PWD
 ./scripts/build.sh
 
 results=build/results
-rm -rf "$results"
+rm -rf "$results" build/linux-asan/results build/win32-tests/results
 mkdir -p "$results"
 passed=0
 failed=0
@@ -24,11 +24,21 @@ count() {
     skipped=$((skipped + skips))
 }
 
+# The same for the test programs of one build; a program that has left no file has crashed.
+count_programs() {
+    local build=$1 program
+    for program in "$build"/tests/*_tests "$build"/tests/*_tests.exe; do
+        [ -e "$program" ] || continue
+        program=$(basename "$program" .exe)
+        count "$build/results/${program%_tests}.xml"
+    done
+}
+
 # Runs one group of tests and goes on when it fails, so that one run shows every failure.
 group() {
     local name=$1 code=0
     shift
-    echo "== Tests: $name"
+    echo "== Tests: $name ($(date +%T))"
     "$@" || code=$?
     if [ "$code" -ne 0 ]; then
         echo "== FAILED: $name (exit code $code)"
@@ -57,8 +67,8 @@ echo "== Build: native tests with sanitizers"
 cmake --preset linux-asan >/dev/null
 cmake --build --preset linux-asan
 group "native, address and undefined-behaviour sanitizers" \
-    ctest --preset linux-asan -j2 --quiet --output-junit "$root/$results/native.xml"
-count "$results/native.xml"
+    ctest --preset linux-asan -j2
+count_programs build/linux-asan
 
 check "clang-tidy" ./scripts/check-tidy.sh
 
@@ -66,18 +76,13 @@ echo "== Build: tests for Windows"
 cmake --preset win32-tests >/dev/null
 cmake --build --preset win32-tests
 group "cross-compiled, under Wine" \
-    ./scripts/wine-session \
-    ctest --preset win32-tests -j2 --quiet --output-junit "$root/$results/wine.xml"
-count "$results/wine.xml"
+    ./scripts/wine-session ctest --preset win32-tests -j2
+count_programs build/win32-tests
 
-export TARVEX_WIN32_DIST=$root/dist/win32
-export TARVEX_LINUX_DIST=$root/dist/linux
-export TARVEX_E2E_BIN=$root/build/win32-tests/e2e
-group "end to end" \
-    ./scripts/wine-session \
-    /usr/bin/python3 -m pytest tests/e2e -q -n 2 --dist loadgroup -p no:cacheprovider \
-    --junitxml "$root/$results/e2e.xml"
-count "$results/e2e.xml"
+group "end to end" ./scripts/test-e2e.sh "$root/$results"
+for file in "$results"/e2e-*.xml; do
+    count "$file"
+done
 
 echo "$passed passed, $failed failed, $skipped skipped"
 exit "$status"

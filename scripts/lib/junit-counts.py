@@ -14,7 +14,7 @@ def counts(path):
         tests += 1
         if case.find("failure") is not None or case.find("error") is not None:
             fails += 1
-        elif case.find("skipped") is not None:
+        elif case.find("skipped") is not None or case.get("result") == "skipped":
             skips += 1
     return tests, fails, skips
 

@@ -7,6 +7,22 @@ import pytest
 import launcher
 
 
+def pytest_addoption(parser):
+    parser.addoption(
+        "--shard",
+        default="1/1",
+        help="K/N: run every N-th test, beginning with the K-th; each shard in a Wine session of its"
+        " own, so that no window of one takes the focus from those of another",
+    )
+
+
+def pytest_collection_modifyitems(config, items):
+    number, count = map(int, config.getoption("--shard").split("/"))
+    chosen = items[number - 1 :: count]
+    config.hook.pytest_deselected(items=[item for item in items if item not in set(chosen)])
+    items[:] = chosen
+
+
 def pytest_configure(config):
     config.addinivalue_line(
         "markers", "xdist_group(name): tests of a group run one after the other, in one process"
@@ -25,7 +41,9 @@ def programs():
 
 @pytest.fixture
 def world(request, programs):
-    worker = os.environ.get("PYTEST_XDIST_WORKER", "gw0")
+    # Each part of the tests has drive letters of its own: processes of the others are seen, too.
+    shard = int(request.config.getoption("--shard").split("/")[0]) - 1
+    worker = os.environ.get("PYTEST_XDIST_WORKER", f"gw{shard}")
     groups = [mark.args[0] for mark in request.node.iter_markers("xdist_group")]
     result = launcher.make_world(programs, worker, alone="foreground" in groups)
     yield result
