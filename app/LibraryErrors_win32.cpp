@@ -18,6 +18,8 @@ private:
 
 }  // namespace
 
+// The names are the library's own.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 namespace std {
 
 void __throw_length_error(const char* what) {
@@ -49,3 +51,4 @@ void __throw_bad_array_new_length() {
 }
 
 }  // namespace std
+// NOLINTEND(bugprone-reserved-identifier)

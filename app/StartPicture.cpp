@@ -123,7 +123,7 @@ std::optional<std::u16string> StartPicture::CandidateOf(const KeyListEntry& part
         folder = JoinPath(folder, parts.subFolder);
         AddPictureReportLine(u"Schlüsselinhalt um Unterpfad ergänzt: " + folder);
     }
-    const std::u16string path = JoinPath(folder, parts.fileName);
+    std::u16string path = JoinPath(folder, parts.fileName);
     AddPictureReportLine(u"Schlüsselinhalt um Dateiname ergänzt: " + path);
     return path;
 }
@@ -138,9 +138,8 @@ std::u16string StartPicture::ResolveFolder(const pSettings& settings) {
         return {};
     }
     AddPictureReportLine(u"Dateiname: " + name);
-    const std::u16string path = folder.empty()
-                                    ? JoinPath(environment_.program.folder, name)
-                                    : RelToAbs(folder, environment_.program.folder) + name;
+    std::u16string path = folder.empty() ? JoinPath(environment_.program.folder, name)
+                                         : RelToAbs(folder, environment_.program.folder) + name;
     AddPictureReportLine(u"Verwendeter Pfad: " + path);
     return path;
 }

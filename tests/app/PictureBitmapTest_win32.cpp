@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/TestFolder.h"
 #include "tests/support/BitmapFile.h"
+#include "tests/support/TestFolder.h"
 
 namespace tarvex {
 namespace {

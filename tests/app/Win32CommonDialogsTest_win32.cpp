@@ -4,8 +4,8 @@
 
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32TextCodec.h"
-#include "tests/support/TestFolder.h"
 #include "tests/support/FakeUi.h"
+#include "tests/support/TestFolder.h"
 #include "tests/support/WindowDriver_win32.h"
 #include "util/QvFileDialog.h"
 

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/TestFolder.h"
 #include "tests/support/BitmapFile.h"
 #include "tests/support/FakeUi.h"
+#include "tests/support/TestFolder.h"
 #include "tests/support/WindowDriver_win32.h"
 
 namespace tarvex {

@@ -69,7 +69,7 @@ std::string SyntheticLauncher::Build() const {
     const std::size_t optionalHeader = kHeaderOffset + 24;
     PutNumber(bytes, optionalHeader, 0x10b, 2);
     PutNumber(bytes, optionalHeader + 92, 16, 4);
-    PutNumber(bytes, optionalHeader + 96 + 4 * 8 + 4, signatureSize, 4);
+    PutNumber(bytes, optionalHeader + 132, signatureSize, 4);  // of the fifth directory
     PutConstant(bytes, markerStart, marker);
     std::size_t next = 2048;
     for (const SyntheticMark& mark : marks) {
