@@ -7,6 +7,9 @@ from launcher import BOX, END, LOG
 
 pytestmark = pytest.mark.xdist_group("foreground")
 
+# The window manager gives a new window the focus a moment after it has appeared.
+FOCUS = [("pause", 1000), ("foreground",)]
+
 
 @pytest.fixture
 def failing(world):
@@ -22,7 +25,8 @@ def branded(world):
 
 class TestErrorBox:
     def test_box_comes_to_the_foreground(self, failing):
-        assert failing.error_box().foreground
+        run = failing.run("", [BOX, *FOCUS, ("keys", "Alt+B"), *END])
+        assert run.step("foreground")["ofProgram"]
 
     @pytest.mark.parametrize("keys", ["Alt+B", "b", "Enter", "Space", "Esc", "Alt+F4"])
     def test_keys_that_end(self, failing, keys):
@@ -45,7 +49,8 @@ class TestErrorBox:
 
 class TestLogWindow:
     def test_window_comes_to_the_foreground(self, branded):
-        assert branded.log_window("/T").foreground
+        run = branded.run("/T", [LOG, *FOCUS, ("keys", "Esc"), *END])
+        assert run.step("foreground")["ofProgram"]
 
     @pytest.mark.parametrize("keys", ["Esc", "Alt+F4", "Alt+D b"])
     def test_keys_that_close(self, branded, keys):
