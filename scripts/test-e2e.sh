@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 results=$1
 shift
-shards=6
+shards=4
 
 export TARVEX_WIN32_DIST=$PWD/dist/win32
 export TARVEX_LINUX_DIST=$PWD/dist/linux

@@ -36,7 +36,9 @@ def pytest_configure(config):
 
 @pytest.fixture(scope="session")
 def programs():
-    return launcher.Programs(os.environ)
+    result = launcher.Programs(os.environ)
+    yield result
+    result.driver.close()
 
 
 @pytest.fixture

@@ -8,6 +8,7 @@ import fcntl
 import json
 import os
 import pathlib
+import select
 import shutil
 import struct
 import subprocess
@@ -42,7 +43,7 @@ class Programs:
         self.configurator_win32 = self._find(
             environment, "TARVEX_WIN32_DIST", "tarvexcf.com", needed=False
         )
-        self.driver = self._find(environment, "TARVEX_E2E_BIN", "uidriver.exe")
+        self.driver = Driver(self._find(environment, "TARVEX_E2E_BIN", "uidriver.exe"))
         self.access = self._find(environment, "TARVEX_E2E_BIN", "msaccess.exe")
 
     @staticmethod
@@ -54,6 +55,35 @@ class Programs:
         if needed and not path.is_file():
             raise RuntimeError(f"{path} is missing; build it first")
         return path
+
+
+class Driver:
+    """The window driver, kept running: starting it takes longer than most scripts."""
+
+    def __init__(self, program):
+        self._program = program
+        self._process = None
+
+    def run(self, script, report):
+        """Carries out one script; both are Windows paths."""
+        if self._process is None or self._process.poll() is not None:
+            self._process = subprocess.Popen(
+                ["wine", str(self._program), "-"],
+                stdin=subprocess.PIPE,
+                stdout=subprocess.PIPE,
+                stderr=subprocess.DEVNULL,
+                text=True,
+            )
+        print(f"{script}\t{report}", file=self._process.stdin, flush=True)
+        if not select.select([self._process.stdout], [], [], SECONDS_FOR_A_RUN)[0]:
+            self._process.kill()
+            raise TimeoutError(f"the driver did not answer within {SECONDS_FOR_A_RUN} seconds")
+        self._process.stdout.readline()
+
+    def close(self):
+        if self._process is not None:
+            self._process.stdin.close()
+            self._process.wait(SECONDS_FOR_A_RUN)
 
 
 def wine(*arguments, timeout=SECONDS_FOR_A_RUN, check=True):
@@ -266,12 +296,7 @@ class World:
         report = self.work / "report"
         report.unlink(missing_ok=True)
         with self._screen(steps):
-            wine(
-                self.programs.driver,
-                windows_path(self.work / "script"),
-                windows_path(report),
-                check=False,
-            )
+            self.programs.driver.run(windows_path(self.work / "script"), windows_path(report))
         assert report.is_file(), "the driver wrote no report"
         return Run(json.loads(report.read_text(encoding="utf-8")))
 

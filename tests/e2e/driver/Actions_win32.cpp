@@ -41,6 +41,7 @@ void Driver::SetLimit(const Action& action) {
 }
 
 void Driver::SetEnvironment(const Action& action) {
+    environment_.push_back(Argument(action, 0));
     SetEnvironmentVariableW(Wide(Argument(action, 0)), Wide(Argument(action, 1)));
 }
 

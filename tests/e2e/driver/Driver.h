@@ -16,6 +16,13 @@ namespace tarvex {
 /// Carries out a script and reports every step. Works on windows of the started program only.
 class Driver {
 public:
+    Driver() = default;
+    Driver(const Driver&) = delete;
+    Driver& operator=(const Driver&) = delete;
+
+    /// Takes back what the script put into the environment.
+    ~Driver();
+
     /// Stops at the first action that fails. True when none did.
     bool Run(const std::vector<Action>& script);
 
@@ -68,6 +75,7 @@ private:
 
     Json json_;
     StartedProgram program_;
+    std::vector<std::u16string> environment_;  ///< names that the script has set
     std::u16string folder_;
     std::uint32_t limitMs_ = 10000;
     std::int64_t startCount_ = 0;

@@ -23,6 +23,12 @@ std::int64_t CounterFrequency() {
 
 }  // namespace
 
+Driver::~Driver() {
+    for (const std::u16string& name : environment_) {
+        SetEnvironmentVariableW(Wide(name), nullptr);
+    }
+}
+
 bool Driver::Run(const std::vector<Action>& script) {
     bool ok = true;
     json_.Begin('{').Key("steps").Begin('[');

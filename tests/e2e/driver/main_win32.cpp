@@ -1,30 +1,58 @@
 #include <cstdio>
+#include <cstring>
 #include <fstream>
+#include <iostream>
 #include <iterator>
+#include <string>
 
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/Driver.h"
 #include "tests/e2e/driver/Script.h"
 
-/// uidriver SCRIPT REPORT: carries out a script on a program that it starts itself and writes a
-/// report in JSON. Returns 0 when every action succeeded, 1 when one failed, 2 when it could not
-/// even begin. Both names may hold ASCII characters only; the script is free.
-int main(int count, char** arguments) {
-    if (count != 3) {
-        std::fputs("usage: uidriver SCRIPT REPORT\n", stderr);
-        return 2;
-    }
-    std::ifstream script(arguments[1], std::ios::binary);
+namespace {
+
+/// 0 when every action succeeded, 1 when one failed, 2 when the script could not even begin.
+int RunScript(const std::string& scriptFile, const std::string& reportFile) {
+    std::ifstream script(scriptFile, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(script), {}};
-    std::ofstream report(arguments[2], std::ios::binary);
+    std::ofstream report(reportFile, std::ios::binary);
     if (!script || !report) {
         std::fputs("uidriver: cannot open the script or the report\n", stderr);
         return 2;
     }
-    // Without this a program that cannot be loaded would show a box that nobody closes.
-    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     tarvex::Driver driver;
     const bool ok = driver.Run(tarvex::ParseScript(text));
     report << driver.Report() << '\n';
     return report.flush() && ok ? 0 : 1;
+}
+
+/// Carries out script after script: each line of the input is "SCRIPT<tab>REPORT", each line of the
+/// output what RunScript returned. Starting a program takes longer than most scripts.
+int RunScriptsOfInput() {
+    for (std::string line; std::getline(std::cin, line);) {
+        const std::size_t tab = line.find('\t');
+        if (tab == std::string::npos) {
+            return 2;
+        }
+        std::cout << RunScript(line.substr(0, tab), line.substr(tab + 1)) << std::endl;
+    }
+    return 0;
+}
+
+}  // namespace
+
+/// uidriver SCRIPT REPORT: carries out a script on a program that it starts itself and writes a
+/// report in JSON; returns what RunScript does. uidriver -: the same for every line of the input.
+/// File names may hold ASCII characters only; the script is free.
+int main(int count, char** arguments) {
+    // Without this a program that cannot be loaded would show a box that nobody closes.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
+    if (count == 2 && std::strcmp(arguments[1], "-") == 0) {
+        return RunScriptsOfInput();
+    }
+    if (count != 3) {
+        std::fputs("usage: uidriver SCRIPT REPORT | uidriver -\n", stderr);
+        return 2;
+    }
+    return RunScript(arguments[1], arguments[2]);
 }
