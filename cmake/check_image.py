@@ -57,8 +57,7 @@ for first, list_name in ((3, "Acc"), (15, "DB"), (28, "Pic"), (54, "SysDB")):
 # launcher's own folder first.
 IMPORTS = {
     "advapi32.dll": """
-        CryptAcquireContextA CryptGenRandom CryptReleaseContext RegCloseKey RegCreateKeyExA
-        RegEnumValueA RegOpenKeyA RegOpenKeyExA RegOverridePredefKey RegQueryValueExA
+        RegCloseKey RegEnumValueA RegOpenKeyA RegOpenKeyExA RegQueryValueExA
         """,
     "gdi32.dll": """
         BitBlt CreateCompatibleBitmap CreateCompatibleDC CreateDIBSection CreateFontIndirectA

@@ -1,18 +1,19 @@
 #!/usr/bin/env bash
-# test-e2e.sh RESULTS [PYTEST-ARGS ...]: the end-to-end tests over the programs in dist/, in four parts
+# test-e2e.sh RESULTS [PYTEST-ARGS ...]: the end-to-end tests over the programs in dist/, in six parts
 # side by side: they wait for windows most of the time. Each part has a Wine session of its own. Leaves
 # RESULTS/e2e-K.xml (JUnit).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 results=$1
 shift
-shards=4
+shards=6
 
 export TARVEX_WIN32_DIST=$PWD/dist/win32
 export TARVEX_LINUX_DIST=$PWD/dist/linux
 export TARVEX_E2E_BIN=$PWD/build/win32-tests/e2e
 
 running=()
+trap 'kill "${running[@]}" 2>/dev/null || true' EXIT # the sessions clean up after themselves
 for ((shard = 1; shard <= shards; ++shard)); do
     ./scripts/wine-session /usr/bin/python3 -m pytest tests/e2e -q --shard "$shard/$shards" \
         -p no:cacheprovider --junitxml "$results/e2e-$shard.xml" "$@" \

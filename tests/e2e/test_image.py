@@ -5,42 +5,9 @@ import pytest
 
 import brandfile
 import launcher
+from check_image import FIELDS
 
 BLOCK = 32768
-LISTS = {"AccRegList": 3, "DBRegList": 15, "PicRegList": 28, "SysDBRegList": 54}
-FIELDS = {
-    1: (50, "AppName"),
-    2: (255, "AccPath"),
-    13: (255, "DBPath"),
-    14: (100, "DBFilename"),
-    25: (255, "PicPath"),
-    26: (100, "PicFilename"),
-    27: (4, "PicDelay"),
-    38: (100, "Profile"),
-    39: (100, "User"),
-    40: (100, "Pwd"),
-    41: (1, "Runtime"),
-    42: (1, "Exclusive"),
-    43: (1, "Log"),
-    44: (1, "ReadOnly"),
-    45: (1, "Compact"),
-    46: (1, "Repair"),
-    47: (1, "NoStartup"),
-    48: (100, "Cmd"),
-    49: (100, "Macro"),
-    52: (100, "SysDBFilename"),
-    53: (255, "SysDBPath"),
-    64: (10, "FileID"),
-    65: (50, "EditPwd"),
-    66: (5, "HCID"),
-    67: (1, "Decompile"),
-    68: (500, "ErrBoxText"),
-    69: (500, "ErrDebugText"),
-} | {
-    first + index: (500, f"{name}{index + 1:02}")
-    for name, first in LISTS.items()
-    for index in range(10)
-}
 
 
 @pytest.fixture(scope="module")
