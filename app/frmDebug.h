@@ -23,7 +23,8 @@ struct DebugServices {
 class frmDebug {
 public:
     /// Shows the window and returns when the user has closed it. A zero character in the text is
-    /// shown, and saved, as a blank.
+    /// shown, and saved, as a blank. When the system has no window left, its message box shows the
+    /// beginning of the text.
     static void ShowModal(const DebugWindow& content, const DebugServices& services);
 };
 

@@ -8,6 +8,7 @@
 #include "platform/win32/WideText.h"
 #include "resources/ResourceIds.h"
 #include "util/QvFileDialog.h"
+#include "util/Text.h"
 
 namespace tarvex {
 
@@ -17,6 +18,7 @@ using UniqueFont = UniqueHandle<HFONT, DeleteObject>;
 
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, from Windows 8.1 on
 constexpr int kPointSize = 10;
+constexpr std::size_t kLengthInBox = 1500;
 constexpr SIZE kSize = {880, 560};  // at kNormalDpi: lines of 100 characters fit
 
 UniqueFont FixedFont(int dpi) {
@@ -52,9 +54,17 @@ public:
         if (Create({L"frmDebug", content_.caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                     Centred(size, area), menu})) {
             RunUntilClosed(LoadAcceleratorsW(program, MAKEINTRESOURCEW(IDR_DEBUG)));
-        } else if (menu != nullptr) {
+            return;
+        }
+        if (menu != nullptr) {
             DestroyMenu(menu);
         }
+        // The system is out of windows; its own box may still find room for the beginning.
+        services_.ui.ShowMessageBox({std::u16string(text::Left(text_, kLengthInBox)),
+                                     content_.caption,
+                                     MB_ICONSTOP,
+                                     {},
+                                     -1});
     }
 
 protected:

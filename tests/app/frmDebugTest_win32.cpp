@@ -351,6 +351,29 @@ TEST_F(frmDebugTest, HelpKeyOpensHelp) {
     EXPECT_EQ(1000U, context);
 }
 
+LRESULT CALLBACK RefuseCreation(HWND window, UINT message, WPARAM first, LPARAM second) {
+    return message == WM_NCCREATE ? FALSE : DefWindowProcW(window, message, first, second);
+}
+
+TEST_F(frmDebugTest, TextIsToldInABoxWhenTheWindowCannotBeMade) {
+    // A class of the same name whose windows are never created takes the window's place.
+    const HINSTANCE program = GetModuleHandleW(nullptr);
+    UnregisterClassW(L"frmDebug", program);
+    WNDCLASSEXW refusing{};
+    refusing.cbSize = sizeof(refusing);
+    refusing.lpfnWndProc = RefuseCreation;
+    refusing.hInstance = program;
+    refusing.lpszClassName = L"frmDebug";
+    ASSERT_NE(RegisterClassExW(&refusing), 0);
+    content.text = u"Tarvex - Erweiterte Fehlerinformationen:" + std::u16string(2000, u'ä');
+    frmDebug::ShowModal(content, {dialogs, files, ansi, ui, [&] { onHelp(); }});
+    UnregisterClassW(L"frmDebug", program);
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes.front().title, u"Kunden Ä - Debug");
+    EXPECT_EQ(ui.boxes.front().text, content.text.substr(0, 1500));
+    EXPECT_EQ(ui.boxes.front().style, 16u);
+}
+
 TEST_F(frmDebugTest, ErrorInAHandlerLeavesTheWindowAsAnException) {
     onHelp = [] { throw std::runtime_error("Hilfe"); };
     bool raised = false;
