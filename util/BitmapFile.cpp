@@ -39,8 +39,8 @@ bool IsTruncatedBitmap(std::string_view file) {
         return false;
     }
     // A negative height means rows from the top down; each row fills whole 4-byte words.
-    const std::uint64_t rows = signedHeight < 0 ? 0 - static_cast<std::int64_t>(signedHeight)
-                                                : static_cast<std::int64_t>(signedHeight);
+    const std::int64_t height = signedHeight;
+    const auto rows = static_cast<std::uint64_t>(height < 0 ? -height : height);
     const std::uint64_t rowBytes = (width * bitsPerPixel + 31) / 32 * 4;
     // Divided, because the numbers of a damaged header may be too large to be multiplied.
     const std::uint64_t room = pixels < file.size() ? file.size() - pixels : 0;
