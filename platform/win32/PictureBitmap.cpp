@@ -1,9 +1,9 @@
 #include "platform/win32/PictureBitmap.h"
 
+#include "platform/BitmapFile.h"
 #include "platform/win32/Com.h"
 #include "platform/win32/SystemPath.h"
 #include "platform/win32/WideText.h"
-#include "util/BitmapFile.h"
 
 namespace tarvex {
 

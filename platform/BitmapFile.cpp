@@ -1,4 +1,4 @@
-#include "util/BitmapFile.h"
+#include "platform/BitmapFile.h"
 
 #include <cstddef>
 #include <cstdint>
