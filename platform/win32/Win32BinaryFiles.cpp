@@ -50,15 +50,8 @@ bool Win32BinaryFiles::FileExists(std::u16string_view path) const {
 }
 
 std::unique_ptr<BinaryFile> Win32BinaryFiles::Open(std::u16string_view path) {
-    const std::u16string name = SystemPath(path);
-    if (name.empty()) {
-        throw FileFailure{FileProblem::PathNotFound};
-    }
-    if (IsDevicePath(name)) {
-        throw FileFailure{FileProblem::AccessDenied};
-    }
-    UniqueFile file(CreateFileW(Wide(name), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    UniqueFile file(CreateFileW(Wide(FilePath(path)), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
+                                nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
         ThrowLastFileFailure();
     }

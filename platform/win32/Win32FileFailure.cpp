@@ -1,5 +1,6 @@
 #include "platform/win32/Win32FileFailure.h"
 
+#include "platform/win32/SystemPath.h"
 #include "platform/win32/WindowsApi.h"
 
 namespace tarvex {
@@ -34,6 +35,17 @@ FileFailure FileFailureOf(unsigned long error) {
 
 void ThrowLastFileFailure() {
     throw FileFailureOf(GetLastError());
+}
+
+std::u16string FilePath(std::u16string_view path) {
+    std::u16string name = SystemPath(path);
+    if (name.empty()) {
+        throw FileFailure{FileProblem::PathNotFound};
+    }
+    if (IsDevicePath(name)) {
+        throw FileFailure{FileProblem::AccessDenied};
+    }
+    return name;
 }
 
 }  // namespace tarvex

@@ -13,17 +13,6 @@ namespace tarvex {
 
 namespace {
 
-std::u16string FilePath(std::u16string_view path) {
-    std::u16string name = SystemPath(path);
-    if (name.empty()) {
-        throw FileFailure{FileProblem::PathNotFound};
-    }
-    if (IsDevicePath(name)) {
-        throw FileFailure{FileProblem::AccessDenied};
-    }
-    return name;
-}
-
 void Flush(const std::u16string& path) {
     const UniqueFile file(CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
