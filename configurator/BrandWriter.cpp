@@ -5,41 +5,12 @@
 
 #include "branding/StoredValue.h"
 #include "branding/cuBrand.h"
+#include "configurator/FileCopy.h"
 #include "errors/RaisedError.h"
 #include "util/Text.h"
 
 namespace tarvex {
 namespace {
-
-/// Removes a temporary file unless it has taken the target's place.
-class Copy {
-public:
-    Copy(FileStore& store, std::u16string_view target, const std::string& bytes)
-        : store_(store), path_(store.WriteNewBeside(target, bytes)) {}
-    Copy(const Copy&) = delete;
-    Copy& operator=(const Copy&) = delete;
-    ~Copy() {
-        if (path_.empty()) {
-            return;
-        }
-        try {
-            store_.Remove(path_);
-        } catch (...) {
-            // What went wrong before is what the user must hear of.
-        }
-    }
-
-    const std::u16string& Path() const { return path_; }
-
-    void Replace(std::u16string_view target) {
-        store_.ReplaceWith(path_, target);
-        path_.clear();
-    }
-
-private:
-    FileStore& store_;
-    std::u16string path_;
-};
 
 std::u16string StoredForm(const BrandField& field, std::u16string_view plain,
                           const TextCodec& codec) {
@@ -119,7 +90,7 @@ Problems BrandWriter::Write(Purpose purpose, std::u16string_view source, std::u1
 Problems BrandWriter::WriteCopy(Purpose purpose, const std::string& bytes,
                                 const LauncherImage& image, std::u16string_view output,
                                 const Settings& settings) {
-    Copy copy(store_, output, bytes);
+    FileCopy copy(store_, output, bytes);
     SaveWithCuBrand(purpose, copy.Path(), image, settings);
     Problems problems =
         CompareBranded(bytes, store_.ReadAll(copy.Path()), settings, output, codec_);

@@ -7,6 +7,7 @@
 #include "configurator/BrandWriter.h"
 #include "configurator/Checks.h"
 #include "configurator/FieldTexts.h"
+#include "configurator/FileCopy.h"
 #include "configurator/Json.h"
 #include "configurator/LauncherImage.h"
 #include "configurator/SettingsFile.h"
@@ -155,13 +156,11 @@ int Commands::Export(const CommandLine& line) {
         return Finish(problems, {});
     }
     const std::u16string title = u"Einstellungen aus " + std::u16string(FileNamePart(line.input));
-    FileStore& store = environment_.store;
-    const std::u16string temp = store.WriteNewBeside(line.output, WriteSettings(settings, title));
+    FileCopy copy(environment_.store, line.output, WriteSettings(settings, title));
     try {
-        store.ReplaceWith(temp, line.output);
+        copy.Replace(line.output);
     } catch (...) {
         problems.push_back({line.output, 0, {}, CurrentError().description});
-        store.Remove(temp);
     }
     return Finish(problems, line.output + u" ist geschrieben.\n");
 }
