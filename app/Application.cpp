@@ -3,6 +3,7 @@
 #include "branding/BrandFields.h"
 #include "branding/Scrambling.h"
 #include "branding/cuBrand.h"
+#include "launch/PathHelpers.h"
 #include "util/Text.h"
 #include "util/mShared.h"
 

@@ -4,10 +4,6 @@
 
 namespace tarvex {
 
-std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view extension) {
-    return JoinPath(program.folder, program.exeName + std::u16string(extension));
-}
-
 LogFile::LogFile(FileSystem& files, const Clock& clock, const TextCodec& codec,
                  const ProgramInfo& program)
     : files_(files), clock_(clock), codec_(codec), path_(CompanionPath(program, u".log")) {}

@@ -10,10 +10,6 @@
 
 namespace tarvex {
 
-/// Full path of a file beside the launcher that has the launcher's name and another extension:
-/// CompanionPath(program, u".log") is "C:\Prog\Kunden.log" for C:\Prog\Kunden.exe.
-std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view extension);
-
 /// The launcher's log file: named after the launcher, in its folder, ANSI text, grown entry by
 /// entry.
 class LogFile {

@@ -50,7 +50,7 @@ void pSettings::LoadSettings() {
         brand_->SetMode(BrandMode::Constants);
         brand_->LoadFomConstants(constants_.Marks());
         if (brand_->BrandInformation() != BrandState::Branded) {
-            appError_.RaiseMessage(kMsgNotBranded, ExecutablePath());
+            appError_.RaiseMessage(kMsgNotBranded, CompanionPath(environment_.program, u".exe"));
         }
         for (cuBranding& item : brand_->Brandings()) {
             item.SetValue(ScrambleBrandValue(item.Value(), environment_.settingsCodec));
@@ -129,7 +129,7 @@ std::u16string pSettings::DebugInfo(const VersionResource& versions) const {
         report.AddValue(u"FileID", Value(kFieldFileID));
         report.AddRule();
         FileVersionInfo file(versions);
-        file.SetFullPathName(ExecutablePath());
+        file.SetFullPathName(CompanionPath(environment_.program, u".exe"));
         report.AddValue(u"Beschreibung", file.FileDescription());
         report.AddValue(u"Firmenname", file.CompanyName());
         report.AddValue(u"Copyright", file.LegalCopyright());
@@ -138,11 +138,6 @@ std::u16string pSettings::DebugInfo(const VersionResource& versions) const {
         report.AddValue(u"Produktversion", file.ProductVersion());
         return report.Text();
     });
-}
-
-std::u16string pSettings::ExecutablePath() const {
-    const ProgramInfo& program = environment_.program;
-    return JoinPath(program.folder, program.exeName + u".exe");
 }
 
 }  // namespace tarvex

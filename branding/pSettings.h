@@ -50,8 +50,6 @@ public:
     std::u16string DebugInfo(const VersionResource& versions) const;
 
 private:
-    std::u16string ExecutablePath() const;
-
     const BrandConstants& constants_;
     cuAppError& appError_;
     LaunchEnvironment environment_;

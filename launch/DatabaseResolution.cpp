@@ -17,11 +17,8 @@ constexpr DatabaseKind kDatabase = {
 /// The database named like the launcher in its folder; empty when there is none.
 std::u16string SearchOwnName(LaunchRun& run) {
     run.log.AddLog(u"Kein Dateiname angegeben, im aktuellen Verzeichnis suchen");
-    const ProgramInfo& program = run.environment.program;
-    const std::u16string base = JoinPath(program.folder, program.exeName);
     for (const std::u16string_view extension : {u".mdb", u".mde", u".mda"}) {
-        std::u16string candidate = base;
-        candidate.append(extension);
+        std::u16string candidate = CompanionPath(run.environment.program, extension);
         run.log.AddLog(u"Suche nach: " + candidate);
         if (run.environment.files.FileExists(candidate)) {
             run.log.AddLog(u" - OK: " + candidate);

@@ -56,6 +56,10 @@ std::u16string JoinPath(std::u16string_view folder, std::u16string_view name) {
     return AddSep(folder).append(name);
 }
 
+std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view extension) {
+    return JoinPath(program.folder, program.exeName + std::u16string(extension));
+}
+
 std::u16string RelToAbs(std::u16string_view folder, std::u16string_view launcherFolder,
                         DiagnosticLog* log) {
     if (folder.empty() || folder.starts_with(u"\\\\") ||

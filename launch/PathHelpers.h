@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "launch/DiagnosticLog.h"
+#include "platform/ProgramInfo.h"
 
 namespace tarvex {
 
@@ -13,6 +14,10 @@ std::u16string AddSep(std::u16string_view text, char16_t separator = u'\\');
 /// Folder and file name with exactly one "\" added between them where the folder does not end in
 /// one; an empty folder gives the name alone.
 std::u16string JoinPath(std::u16string_view folder, std::u16string_view name);
+
+/// Full path of a file beside the launcher that has the launcher's name and this extension:
+/// CompanionPath(program, u".log") is "C:\Prog\Kunden.log" for C:\Prog\Kunden.exe.
+std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view extension);
 
 /// A configured folder as an absolute one that ends in "\". Absolute are folders that begin with
 /// "\\" or have ":\" behind their first character; every other one starts at `launcherFolder`.

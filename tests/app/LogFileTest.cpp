@@ -43,11 +43,6 @@ TEST_F(LogFileTest, OnlyTheLastExtensionOfTheLauncherIsReplaced) {
     EXPECT_TRUE(files.Bytes(u"C:\\Prog\\Kunden.v2.log"));
 }
 
-TEST_F(LogFileTest, NoSecondSeparatorAtADrivesRoot) {
-    program.folder = u"C:\\";
-    EXPECT_EQ(CompanionPath(program, u".log"), u"C:\\Kunden.log");
-}
-
 TEST_F(LogFileTest, ExceptionLosesTheEntryOnly) {
     struct : Clock {
         std::u16string GeneralDateTime() const override { throw std::bad_alloc(); }

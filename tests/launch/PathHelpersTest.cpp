@@ -33,6 +33,14 @@ Absolute Plain(std::u16string_view path) {
     return {std::u16string(path), "Absoluter Pfad: " + text::ToUtf8(path)};
 }
 
+TEST(CompanionPathTest, StandsBesideTheLauncherWithItsName) {
+    EXPECT_EQ(CompanionPath({u"C:\\Prog", u"Kunden.v2", u""}, u".log"), u"C:\\Prog\\Kunden.v2.log");
+}
+
+TEST(CompanionPathTest, NoSecondSeparatorAtADrivesRoot) {
+    EXPECT_EQ(CompanionPath({u"C:\\", u"Kunden", u""}, u".log"), u"C:\\Kunden.log");
+}
+
 }  // namespace
 
 TEST(PathHelpersTest, SeparatorIsAddedOnce) {
