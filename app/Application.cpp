@@ -4,8 +4,7 @@
 #include "branding/Scrambling.h"
 #include "branding/cuBrand.h"
 #include "launch/PathHelpers.h"
-#include "util/Text.h"
-#include "util/mShared.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -119,7 +118,7 @@ void Application::ShowTestResult() {
     const auto message = [this](std::int32_t number) { return Error().MsgLoad(number); };
     std::u16string result;
     const auto append = [&result](std::u16string_view piece) {
-        AppendWithSeparator(result, piece, text::kLineBreak);
+        text::AppendWithSeparator(result, piece, text::kLineBreak);
     };
     append(message(tarvex_->TestModeError() ? kMsgTestHeadingWithErrors : kMsgTestHeading) +
            u"\r\n");

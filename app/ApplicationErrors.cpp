@@ -1,7 +1,7 @@
 #include "app/Application.h"
 #include "branding/BrandFields.h"
 #include "errors/cuAppErrorFormatter.h"
-#include "util/mShared.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -31,7 +31,7 @@ void Application::ErrHandler(const RaisedError& error) {
         const std::u16string report = ErrorReport(error);
         if (switches_.test) {
             std::u16string text = Error().MsgLoad(kMsgDetailsHeading, Error().Projectname());
-            AppendWithSeparator(text, report, kEmptyLine);
+            text::AppendWithSeparator(text, report, kEmptyLine);
             ShowDebugForm(text);
         } else {
             ShowErrorBox(report);
@@ -69,10 +69,10 @@ void Application::ShowErrorBox(const std::u16string& report) {
     }
 
     std::u16string details = Error().MsgLoad(kMsgDetailsHeading, project);
-    AppendWithSeparator(
+    text::AppendWithSeparator(
         details, cuAppErrorFormatter::WordWrap(FieldOrEmpty(kFieldErrDebugText), kDetailsWidth),
         kEmptyLine, true);
-    AppendWithSeparator(details, report, kEmptyLine);
+    text::AppendWithSeparator(details, report, kEmptyLine);
 
     for (;;) {
         parts_.environment.ui.SetPointerDefault();

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -6,7 +6,7 @@
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/ProgramInfo.h"
-#include "platform/TextCodec.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

@@ -5,8 +5,7 @@
 #include "branding/BrandFields.h"
 #include "launch/LaunchErrors.h"
 #include "launch/PathHelpers.h"
-#include "util/Text.h"
-#include "util/mShared.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -40,7 +39,7 @@ void StartPicture::StartupPictureSettings(const pSettings& settings) {
 }
 
 void StartPicture::AddPictureReportLine(std::u16string_view line, bool emptyLineBefore) {
-    AppendWithSeparator(report_, line, emptyLineBefore ? u"\r\n\r\n" : u"\r\n");
+    text::AppendWithSeparator(report_, line, emptyLineBefore ? u"\r\n\r\n" : u"\r\n");
 }
 
 bool StartPicture::HasPicRegLists(const pSettings& settings) {

@@ -5,11 +5,9 @@
 #include "errors/cuAppError.h"
 #include "errors/muCoolBox.h"
 #include "platform/FileSystem.h"
-#include "platform/TextCodec.h"
 #include "platform/Ui.h"
-#include "platform/win32/Win32CaptionBoxApi.h"
-#include "platform/win32/Win32CommonDialogs.h"
-#include "platform/win32/Win32HelpApi.h"
+#include "platform/win32/Win32Dialogs.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

@@ -5,8 +5,8 @@
 #include "app/AppWindows.h"
 #include "platform/CommonDialogs.h"
 #include "platform/FileSystem.h"
-#include "platform/TextCodec.h"
 #include "platform/Ui.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

@@ -7,8 +7,8 @@
 #include "platform/win32/ModalWindow.h"
 #include "platform/win32/WideText.h"
 #include "resources/ResourceIds.h"
+#include "text/Text.h"
 #include "util/QvFileDialog.h"
-#include "util/Text.h"
 
 namespace tarvex {
 

@@ -1,6 +1,6 @@
 #include "app/frmStart.h"
 
-#include "errors/AppTitle.h"
+#include "errors/RaisedError.h"
 #include "platform/win32/ModalWindow.h"
 #include "platform/win32/PictureBitmap.h"
 

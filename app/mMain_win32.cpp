@@ -1,15 +1,10 @@
 #include "app/Application.h"
 #include "app/Win32AppWindows_win32.h"
 #include "branding/BrandImage.h"
-#include "platform/win32/Win32Clock.h"
-#include "platform/win32/Win32FileSystem.h"
-#include "platform/win32/Win32Process.h"
-#include "platform/win32/Win32ProgramInfo.h"
-#include "platform/win32/Win32Registry.h"
-#include "platform/win32/Win32StringTable.h"
+#include "platform/win32/Win32Dialogs.h"
+#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32System.h"
 #include "platform/win32/Win32TextCodec.h"
-#include "platform/win32/Win32Ui.h"
-#include "platform/win32/Win32VersionResource.h"
 #include "platform/win32/WindowsApi.h"
 
 // Takes the place of the C++ library's handler, which would bring 60 KB of name decoding and

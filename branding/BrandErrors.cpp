@@ -5,7 +5,7 @@
 
 #include "errors/RaisedError.h"
 #include "errors/cuAppError.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -1,6 +1,6 @@
 #include "branding/BrandFields.h"
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

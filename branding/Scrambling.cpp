@@ -4,7 +4,7 @@
 
 #include "branding/BrandErrors.h"
 #include "errors/RuntimeErrors.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

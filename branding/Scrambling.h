@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/TextCodec.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

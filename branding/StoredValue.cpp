@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "branding/Scrambling.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "branding/BrandFields.h"
-#include "platform/TextCodec.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

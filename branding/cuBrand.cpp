@@ -8,7 +8,7 @@
 #include "branding/BrandMark.h"
 #include "errors/RaisedError.h"
 #include "errors/RuntimeErrors.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -9,7 +9,7 @@
 
 #include "branding/BrandConstants.h"
 #include "branding/cuBrandings.h"
-#include "platform/BinaryFile.h"
+#include "platform/FileStore.h"
 
 namespace tarvex {
 

@@ -3,15 +3,14 @@
 #include <utility>
 
 #include "branding/BrandFields.h"
-#include "branding/DebugReport.h"
 #include "branding/Scrambling.h"
 #include "errors/RaisedError.h"
 #include "errors/cuAppError.h"
 #include "launch/PathHelpers.h"
 #include "launch/cuTarvex.h"
 #include "resources/Version.h"
+#include "text/Text.h"
 #include "util/FileVersionInfo.h"
-#include "util/Text.h"
 
 namespace tarvex {
 
@@ -32,6 +31,33 @@ constexpr ListFields kListFields[] = {
     {kFieldDBRegList01, kFieldDBRegList10, 1},
     {kFieldSysDBRegList01, kFieldSysDBRegList10, 2},
 };
+
+/// Text of lines joined by CR LF, with no line break after the last one.
+class DebugReport {
+public:
+    void AddValue(std::u16string_view label, std::u16string_view value) {
+        AddLine(std::u16string(label).append(u" = ").append(value));
+    }
+
+    void AddRule() { AddLine(std::u16string(50, u'-')); }
+
+    const std::u16string& Text() const { return text_; }
+
+private:
+    void AddLine(std::u16string_view line) {
+        text::AppendWithSeparator(text_, line, text::kLineBreak);
+    }
+
+    std::u16string text_;
+};
+
+/// What the report shows of an item: its value, or, for a user name or password that is set, the
+/// placeholder.
+std::u16string_view ReportedValue(const cuBranding& item, std::u16string_view placeholder) {
+    const BrandField* const field = FindBrandField(item.Index());
+    const bool hidden = field != nullptr && field->kind == FieldKind::Credential;
+    return hidden && !item.Value().empty() ? placeholder : std::u16string_view(item.Value());
+}
 
 }  // namespace
 
@@ -124,8 +150,7 @@ std::u16string pSettings::DebugInfo(const VersionResource& versions) const {
             }
         }
         report.AddRule();
-        report.AddValue(u"Version", VersionText(TARVEX_VERSION_MAJOR, TARVEX_VERSION_MINOR,
-                                                TARVEX_VERSION_REVISION));
+        report.AddValue(u"Version", u"" TARVEX_VERSION_TEXT);
         report.AddValue(u"FileID", Value(kFieldFileID));
         report.AddRule();
         FileVersionInfo file(versions);

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "branding/BrandMark.h"
 #include "branding/StoredValue.h"
 #include "branding/cuBrand.h"
 #include "configurator/FileCopy.h"
 #include "errors/RaisedError.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -24,11 +25,6 @@ std::u16string StoredForm(const BrandField& field, std::u16string_view plain,
                           .line = 0};
     }
     return std::move(value.stored);
-}
-
-std::u16string Padded(std::u16string text, std::int32_t width) {
-    text.resize(static_cast<std::size_t>(width), u' ');
-    return text;
 }
 
 /// The bytes with every value area and the marker's digit blanked out.
@@ -102,7 +98,7 @@ Problems BrandWriter::WriteCopy(Purpose purpose, const std::string& bytes,
 
 void BrandWriter::SaveWithCuBrand(Purpose purpose, std::u16string_view file,
                                   const LauncherImage& image, const Settings& settings) {
-    cuBrand brand(&files_, nullptr);
+    cuBrand brand(&store_, nullptr);
     brand.SetMode(BrandMode::File);
     brand.SetDenyMultiBranding(purpose == Purpose::Brand);
     brand.SetFileName(file);
@@ -159,7 +155,7 @@ Problems CompareBranded(std::string_view before, std::string_view after, const S
         }
         const std::u16string expected =
             settings.Has(field.number)
-                ? Padded(StoredForm(field, settings.Value(field.number), codec), field.width)
+                ? FitToWidth(StoredForm(field, settings.Value(field.number), codec), field.width)
                 : oldMark->area;
         const bool readsBack = !settings.Has(field.number) ||
                                PlainValue(field, mark->area, codec) == settings.Value(field.number);

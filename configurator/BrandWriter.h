@@ -5,7 +5,6 @@
 
 #include "configurator/LauncherImage.h"
 #include "configurator/Model.h"
-#include "platform/BinaryFile.h"
 #include "platform/FileStore.h"
 
 namespace tarvex {
@@ -15,10 +14,9 @@ namespace tarvex {
 /// failure the target is as it was and the copy is gone.
 class BrandWriter {
 public:
-    /// Neither is owned; they outlive this object. `codec` is that of the settings (one byte per
+    /// Neither is owned; both outlive this object. `codec` is that of the settings (one byte per
     /// character).
-    BrandWriter(FileStore& store, BinaryFiles& files, const TextCodec& codec)
-        : store_(store), files_(files), codec_(codec) {}
+    BrandWriter(FileStore& store, const TextCodec& codec) : store_(store), codec_(codec) {}
 
     /// Makes `output` from the not yet branded program `source` with these settings; fields that
     /// are not set stay empty. Returns what went wrong, nothing when it is done.
@@ -39,7 +37,6 @@ private:
                          const Settings& settings);
 
     FileStore& store_;
-    BinaryFiles& files_;
     const TextCodec& codec_;
 };
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "launch/RegistryKeyList.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -93,7 +93,7 @@ private:
                 CheckEntry(target, number, value);
                 continue;
             }
-            for (const std::u16string& entry : SplitList(value, markers.list)) {
+            for (const std::u16string& entry : text::SplitList(value, markers.list)) {
                 CheckEntry(target, number, entry);
             }
         }

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "resources/Version.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -66,12 +66,6 @@ std::u16string GeneralHelp() {
         u"\n"
         u"Rückgabe: 0 ausgeführt, 1 abgelehnt oder fehlgeschlagen, 2 falscher Aufruf.\n";
     return help;
-}
-
-std::u16string VersionText() {
-    return u"tarvexcf " + text::Decimal(TARVEX_VERSION_MAJOR) + u"." +
-           text::Decimal(TARVEX_VERSION_MINOR) + u"." + text::Decimal(TARVEX_VERSION_REVISION, 3) +
-           u"\n";
 }
 
 CommandLine UsageError(std::u16string_view problem, std::u16string_view usage) {
@@ -220,7 +214,7 @@ CommandLine ParseCommandLine(const std::vector<std::u16string>& arguments) {
         return Answer(GeneralHelp());
     }
     if (arguments[0] == u"--version") {
-        return Answer(VersionText());
+        return Answer(u"tarvexcf " TARVEX_VERSION_TEXT u"\n");
     }
     const auto* info = std::find_if(
         std::begin(kCommands), std::end(kCommands),

@@ -12,7 +12,7 @@
 #include "configurator/LauncherImage.h"
 #include "configurator/SettingsFile.h"
 #include "errors/RaisedError.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -35,7 +35,7 @@ bool IsProgram(std::u16string_view file, std::string_view bytes) {
     return bytes.starts_with("MZ") || text::EndsWithIgnoreCase(file, u".exe");
 }
 
-std::u16string_view FileNamePart(std::u16string_view path) {
+std::u16string_view BareName(std::u16string_view path) {
     const std::size_t separator = path.find_last_of(u"/\\");
     return separator == std::u16string_view::npos ? path : path.substr(separator + 1);
 }
@@ -92,7 +92,7 @@ int Commands::Brand(const CommandLine& line) {
     }
     Append(problems, Assign(line, u"--set", settings));
     if (problems.empty()) {
-        BrandWriter writer(environment_.store, environment_.files, environment_.codec);
+        BrandWriter writer(environment_.store, environment_.codec);
         problems = writer.Brand(line.input, line.output, settings);
     }
     return Finish(problems, line.output + u" ist konfiguriert.\n");
@@ -102,7 +102,7 @@ int Commands::Set(const CommandLine& line) {
     Settings changes;
     Problems problems = Assign(line, line.input, changes);
     if (problems.empty()) {
-        BrandWriter writer(environment_.store, environment_.files, environment_.codec);
+        BrandWriter writer(environment_.store, environment_.codec);
         problems = writer.Change(line.input, changes);
     }
     return Finish(problems, line.input + u" ist geändert.\n");
@@ -155,7 +155,7 @@ int Commands::Export(const CommandLine& line) {
     if (!problems.empty()) {
         return Finish(problems, {});
     }
-    const std::u16string title = u"Einstellungen aus " + std::u16string(FileNamePart(line.input));
+    const std::u16string title = u"Einstellungen aus " + std::u16string(BareName(line.input));
     FileCopy copy(environment_.store, line.output, WriteSettings(settings, title));
     try {
         copy.Replace(line.output);
@@ -263,7 +263,7 @@ Settings Commands::Load(const std::u16string& file, bool& branded, Problems& pro
 }
 
 Problems Commands::RefuseExisting(const CommandLine& line) const {
-    if (line.force || !environment_.files.FileExists(line.output)) {
+    if (line.force || !environment_.store.FileExists(line.output)) {
         return {};
     }
     return {{line.output, 0, {}, u"Die Datei ist schon vorhanden; --force ersetzt sie."}};

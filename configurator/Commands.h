@@ -6,7 +6,6 @@
 #include "configurator/CommandLine.h"
 #include "configurator/Console.h"
 #include "configurator/Model.h"
-#include "platform/BinaryFile.h"
 #include "platform/FileStore.h"
 
 namespace tarvex {
@@ -14,7 +13,6 @@ namespace tarvex {
 /// What the configurator needs from the system. It owns none of it.
 struct ConfiguratorEnvironment {
     FileStore& store;
-    BinaryFiles& files;
     const TextCodec& codec;  ///< of the settings: one byte per character
     Console& console;
 };

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

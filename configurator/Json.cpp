@@ -1,6 +1,6 @@
 #include "configurator/Json.h"
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -6,7 +6,7 @@
 
 #include "branding/Scrambling.h"
 #include "branding/StoredValue.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "branding/BrandFields.h"
-#include "platform/TextCodec.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

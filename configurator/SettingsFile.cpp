@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "configurator/FieldTexts.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

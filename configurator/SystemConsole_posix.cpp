@@ -4,7 +4,7 @@
 #include <cerrno>
 
 #include "configurator/SystemConsole.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

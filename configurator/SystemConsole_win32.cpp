@@ -3,7 +3,7 @@
 #include "configurator/SystemConsole.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

@@ -1,8 +1,7 @@
 #include "configurator/Commands.h"
 #include "configurator/SystemConsole.h"
 #include "platform/win32/WideText.h"
-#include "platform/win32/Win32BinaryFiles.h"
-#include "platform/win32/Win32FileStore.h"
+#include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
@@ -17,8 +16,7 @@ int main() {
     }
     LocalFree(list);
     tarvex::Win32FileStore store;
-    tarvex::Win32BinaryFiles files;
     const tarvex::SingleByteTextCodec codec;
     tarvex::SystemConsole console;
-    return tarvex::Commands({store, files, codec, console}).Run(arguments);
+    return tarvex::Commands({store, codec, console}).Run(arguments);
 }

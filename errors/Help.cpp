@@ -1,6 +1,6 @@
 #include "errors/Help.h"
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -4,9 +4,8 @@
 #include <new>
 
 #include "errors/RuntimeErrors.h"
-#include "platform/FileFailure.h"
-#include "util/Text.h"
-#include "util/mShared.h"
+#include "platform/FileStore.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -33,7 +32,7 @@ std::int32_t NumberOf(FileProblem problem) {
 }  // namespace
 
 void ExtendSource(RaisedError& error, std::u16string_view place) {
-    AppendWithSeparator(error.source, place, u" | ");
+    text::AppendWithSeparator(error.source, place, u" | ");
 }
 
 RaisedError CurrentError() {

@@ -7,6 +7,9 @@
 
 namespace tarvex {
 
+/// The application's title: caption and source name wherever no configured name takes its place.
+inline constexpr std::u16string_view kAppTitle = u"Tarvex";
+
 /// The one exception type of the system: a numbered error on its way to the user.
 struct RaisedError {
     std::int32_t number = 0;

@@ -3,10 +3,9 @@
 #include <cstdlib>
 #include <limits>
 
-#include "errors/AppTitle.h"
+#include "errors/RaisedError.h"
 #include "errors/RuntimeErrors.h"
-#include "util/Text.h"
-#include "util/mShared.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -82,7 +81,7 @@ void cuAppError::Raise(std::int32_t& number, std::u16string& source, std::u16str
         source.insert(0, pendingSource + std::u16string(kPlaceSeparator));
     }
     if (!procedure.empty()) {
-        AppendWithSeparator(source, procedure, u": ");
+        text::AppendWithSeparator(source, procedure, u": ");
         if (pending.line != 0) {
             source += InBrackets(pending.line);
         }
@@ -201,8 +200,8 @@ void cuAppError::ErrMsg(std::u16string_view module, std::u16string_view procedur
 std::u16string cuAppError::PendingPlace(std::u16string_view module,
                                         std::u16string_view procedure) const {
     std::u16string place(PendingSource());
-    AppendWithSeparator(place, module, kPlaceSeparator, true);
-    AppendWithSeparator(place, procedure, u": ", true);
+    text::AppendWithSeparator(place, module, kPlaceSeparator, true);
+    text::AppendWithSeparator(place, procedure, u": ", true);
     return place;
 }
 

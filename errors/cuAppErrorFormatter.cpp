@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "util/Text.h"
-#include "util/mShared.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -96,7 +95,7 @@ std::u16string cuAppErrorFormatter::GetFormattedError(const cuAppError& errorObj
     std::u16string block;
     for (const Row& row : rows) {
         if (!row.value.empty()) {
-            AppendWithSeparator(block, LayOutRow(row, labelWidth), text::kLineBreak);
+            text::AppendWithSeparator(block, LayOutRow(row, labelWidth), text::kLineBreak);
         }
     }
     return block;

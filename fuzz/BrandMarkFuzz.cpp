@@ -4,7 +4,7 @@
 #include <string>
 
 #include "branding/BrandMark.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace {
 

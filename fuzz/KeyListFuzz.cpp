@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "launch/RegistryKeyList.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -19,7 +19,7 @@ void Require(bool condition) {
 
 /// No text is lost but blanks and markers, and a piece holds no marker that could be found.
 void CheckSplit(const std::u16string& text, std::u16string_view marker) {
-    const std::vector<std::u16string> pieces = SplitList(text, marker);
+    const std::vector<std::u16string> pieces = text::SplitList(text, marker);
     std::size_t characters = 0;
     for (const std::u16string& piece : pieces) {
         characters += piece.size();

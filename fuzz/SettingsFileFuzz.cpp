@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "configurator/SettingsFile.h"
-#include "util/TextCodec1252.h"
+#include "text/TextCodec1252.h"
 
 /// Any bytes give settings or problems, and settings without problems survive being written and
 /// read again.

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "errors/cuAppErrorFormatter.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

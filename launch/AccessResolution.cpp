@@ -1,4 +1,4 @@
-#include "launch/AccessResolution.h"
+#include "launch/Resolution.h"
 
 #include <optional>
 #include <utility>
@@ -8,7 +8,7 @@
 #include "launch/PathHelpers.h"
 #include "launch/Quoting.h"
 #include "launch/RegistryKeyList.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -1,11 +1,84 @@
-#include "launch/DatabaseResolution.h"
+#include <optional>
+#include <utility>
 
-#include "launch/DatabaseKind.h"
+#include "launch/KeyListResolution.h"
 #include "launch/PathHelpers.h"
+#include "launch/Resolution.h"
 
 namespace tarvex {
 
 namespace {
+
+/// What the searches for the database and for the workgroup database have in common, with the
+/// texts and errors in which they differ.
+struct DatabaseKind {
+    std::u16string_view procedure;  ///< name of the step in the source of its errors
+    std::u16string_view prefix;     ///< stands before paths in the log: "Datenbank: "
+    KeyListRules listRules;
+    std::int32_t notFoundError;  ///< launch error for a path without a file
+};
+
+/// The path that a key list entry of a database and the text stored for it stand for.
+std::optional<std::u16string> DatabaseCandidate(DiagnosticLog& log, const KeyListEntry& entry,
+                                                const std::u16string& value) {
+    if (!entry.subFolder.empty()) {
+        if (entry.fileName.empty()) {
+            log.AddLog(u"Unterpfad (" + entry.subFolder +
+                       u") angegeben, aber kein Dateiname. Pfad kann nicht aufgelöst werden.");
+            return std::nullopt;
+        }
+        std::u16string path = JoinPath(JoinPath(value, entry.subFolder), entry.fileName);
+        log.AddLog(u"Schlüsselinhalt um Unterpfad ergänzt: " + path);
+        return path;
+    }
+    if (!entry.fileName.empty()) {
+        return JoinPath(value, entry.fileName);
+    }
+    if (value.ends_with(u'\\')) {
+        log.AddLog(
+            u"Schlüsselinhalt enthält einen Pfad und es ist kein Dateiname angegeben. Der "
+            u"Datenbankname kann nicht aufgelöst werden.");
+        return std::nullopt;
+    }
+    return value;
+}
+
+/// Resolves the key list of a database. Raises the errors of a list that leads to nothing; in test
+/// mode it notes them and returns nothing.
+std::optional<std::u16string> ResolveDatabaseList(LaunchRun& run, const DatabaseKind& kind,
+                                                  std::u16string_view list) {
+    KeyListResult result = ResolveKeyList(run, list, kind.listRules);
+    if (result.launchError != 0) {
+        run.RaiseOrNote(result.launchError, kind.procedure);
+        return std::nullopt;
+    }
+    return std::move(result.path);
+}
+
+/// Joins a configured folder, made absolute, and a file name. Empty without a file name.
+std::u16string CombinePathFile(LaunchRun& run, const DatabaseKind& kind, std::u16string_view folder,
+                               std::u16string_view fileName) {
+    if (fileName.empty()) {
+        run.log.AddLog(u"Kein Dateiname angegeben, Pfad kann nicht ermittelt werden");
+        return {};
+    }
+    std::u16string path = RelToAbs(folder, run.environment.program.folder, &run.log);
+    run.log.AddLog(u"Berechneter Pfad: " + path);
+    path.append(fileName);
+    run.log.AddLog(std::u16string(kind.prefix).append(u": ").append(path));
+    return path;
+}
+
+/// Logs whether the file exists. Raises the error of a missing one; in test mode it notes it.
+void CheckDatabaseFile(LaunchRun& run, const DatabaseKind& kind, const std::u16string& path) {
+    std::u16string line(kind.prefix);
+    if (run.environment.files.FileExists(path)) {
+        run.log.AddLog(line.append(u"OK"));
+        return;
+    }
+    run.log.AddLog(line.append(path).append(u" ist nicht vorhanden!"));
+    run.RaiseOrNote(kind.notFoundError, kind.procedure, path);
+}
 
 constexpr DatabaseKind kDatabase = {
     u"GetDBPath",
@@ -46,6 +119,28 @@ bool NeedsDatabase(const LaunchProperties& properties) {
            properties.optionDecompile;
 }
 
+constexpr DatabaseKind kSystemDatabase = {
+    u"GetSystemDB",
+    u"SysDB: ",
+    {DatabaseCandidate, u"SysDB: ", u"SysDB: : Nicht vorhanden an dieser Position",
+     launch_error::kSystemDatabaseListInvalid, launch_error::kSystemDatabaseListUnresolved},
+    launch_error::kSystemDatabaseNotFound};
+
+std::u16string ConfiguredPath(LaunchRun& run) {
+    const LaunchProperties& properties = run.properties;
+    if (!properties.systemDBPath.empty()) {
+        return CombinePathFile(run, kSystemDatabase, properties.systemDBPath,
+                               properties.systemDBFilename);
+    }
+    if (properties.systemDBFilename.empty()) {
+        run.log.AddLog(u"Keine SysDB");
+        return {};
+    }
+    std::u16string path = JoinPath(run.environment.program.folder, properties.systemDBFilename);
+    run.log.AddLog(u"SysDB: " + path);
+    return path;
+}
+
 }  // namespace
 
 std::u16string ResolveDatabase(LaunchRun& run) {
@@ -70,6 +165,18 @@ std::u16string ResolveDatabase(LaunchRun& run) {
             u"Datenbank nicht angegeben, aber eine der Optionen /Runtime, /ReadOnly, /Compact, "
             u"/Repair /Decompile/Macro/Cmd");
         run.RaiseOrNote(launch_error::kDatabaseNeeded, kDatabase.procedure);
+    }
+    return path;
+}
+
+std::u16string ResolveSystemDatabase(LaunchRun& run) {
+    run.log.AddLog(u"[SysDB-Pfad]", true);
+    const std::u16string& list = run.properties.systemDBRegListString;
+    std::u16string path =
+        list.empty() ? ConfiguredPath(run)
+                     : ResolveDatabaseList(run, kSystemDatabase, list).value_or(std::u16string());
+    if (!path.empty()) {
+        CheckDatabaseFile(run, kSystemDatabase, path);
     }
     return path;
 }

@@ -1,12 +1,11 @@
 #include "launch/DiagnosticLog.h"
 
-#include "util/Text.h"
-#include "util/mShared.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
 void DiagnosticLog::AddLog(std::u16string_view line, bool blankLineBefore) {
-    AppendWithSeparator(text_, line, blankLineBefore ? u"\r\n\r\n" : text::kLineBreak);
+    text::AppendWithSeparator(text_, line, blankLineBefore ? u"\r\n\r\n" : text::kLineBreak);
 }
 
 std::u16string_view DashIfEmpty(std::u16string_view text) {

@@ -1,6 +1,7 @@
 #include "launch/KeyListResolution.h"
 
 #include "launch/RegistryKeyList.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -51,7 +52,7 @@ std::optional<std::u16string> ResolveEntry(LaunchRun& run, const std::u16string&
 
 KeyListResult ResolveKeyList(LaunchRun& run, std::u16string_view list, const KeyListRules& rules) {
     run.log.AddLog(u"Schlüsselliste wird aufgelöst");
-    const auto entries = SplitList(list, run.properties.markers.list);
+    const auto entries = text::SplitList(list, run.properties.markers.list);
     if (entries.empty()) {
         run.log.AddLog(u"Schlüsselliste konnte nicht aufgelöst werden");
         return {{}, rules.invalidError};

@@ -3,8 +3,8 @@
 #include "platform/FileSystem.h"
 #include "platform/ProgramInfo.h"
 #include "platform/Registry.h"
-#include "platform/TextCodec.h"
 #include "platform/Ui.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

@@ -3,10 +3,9 @@
 #include <iterator>
 #include <utility>
 
-#include "errors/AppTitle.h"
 #include "errors/RaisedError.h"
 #include "launch/PathHelpers.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

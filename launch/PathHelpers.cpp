@@ -1,7 +1,7 @@
 #include "launch/PathHelpers.h"
 
 #include "launch/RegistryKeyList.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -35,7 +35,7 @@ std::u16string_view ParentFolder(std::u16string_view folder) {
 
 std::u16string WalkUp(std::u16string_view folder, std::u16string_view launcherFolder) {
     std::u16string current = AddSep(launcherFolder);
-    for (const std::u16string& level : SplitList(AddSep(folder), u"\\")) {
+    for (const std::u16string& level : text::SplitList(AddSep(folder), u"\\")) {
         current = level == u".." ? std::u16string(ParentFolder(current))
                                  : AddSep(current).append(AddSep(level));
     }

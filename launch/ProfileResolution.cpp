@@ -1,9 +1,9 @@
-#include "launch/ProfileResolution.h"
+#include "launch/Resolution.h"
 
 #include <algorithm>
 
 #include "launch/Quoting.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -1,6 +1,6 @@
 #include "launch/Quoting.h"
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

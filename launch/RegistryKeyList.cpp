@@ -5,7 +5,7 @@
 
 #include "launch/LaunchErrors.h"
 #include "launch/PathHelpers.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -95,30 +95,6 @@ std::u16string BuildKeyListEntry(const KeyListEntry& entry, const KeyListMarkers
         result.append(markers.fileName).append(entry.fileName);
     }
     return result;
-}
-
-std::vector<std::u16string> SplitList(std::u16string_view text, std::u16string_view marker) {
-    std::vector<std::u16string> pieces;
-    if (text.empty() || marker.empty()) {
-        return pieces;
-    }
-    if (text::EqualsIgnoreCase(text::Left(text, 1), marker)) {
-        text.remove_prefix(1);
-    }
-    std::size_t position = text::FindIgnoreCase(text, marker);
-    if (position == kNone) {
-        pieces.emplace_back(text::Trim(text));
-        return pieces;
-    }
-    while (position != kNone) {
-        pieces.emplace_back(text::Trim(text::Left(text, position)));
-        text.remove_prefix(position + marker.size());
-        position = text::FindIgnoreCase(text, marker);
-    }
-    if (const std::u16string_view rest = text::Trim(text); !rest.empty()) {
-        pieces.emplace_back(rest);
-    }
-    return pieces;
 }
 
 std::u16string ReadRegistryText(const LaunchEnvironment& environment, std::int32_t root,

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "launch/LaunchEnvironment.h"
 
@@ -43,11 +42,6 @@ KeyListParse ParseKeyListEntry(std::u16string_view entry, const KeyListMarkers& 
 
 /// The reverse of ParseKeyListEntry. Empty when the entry's root is no root key.
 std::u16string BuildKeyListEntry(const KeyListEntry& entry, const KeyListMarkers& markers = {});
-
-/// The pieces of a text between the markers, trimmed of blanks; empty ones between two markers are
-/// kept, an empty one at the end is not. A marker of one character at the start of the text is
-/// dropped. Nothing for an empty text, and for an empty marker, which divides nothing.
-std::vector<std::u16string> SplitList(std::u16string_view text, std::u16string_view marker);
 
 /// The text of a registry value: cut before its first zero character, or trimmed of blanks when it
 /// holds none. Empty when it is missing, unreadable or no text. Raises launch error 1 for kNoHKey.

@@ -1,14 +1,10 @@
 #include "launch/cuTarvex.h"
 
-#include "launch/AccessResolution.h"
-#include "launch/CommandLine.h"
-#include "launch/DatabaseResolution.h"
+#include "launch/AccessCommandLine.h"
 #include "launch/LaunchErrors.h"
 #include "launch/LaunchRun.h"
-#include "launch/ProfileResolution.h"
-#include "launch/SystemDatabaseResolution.h"
-#include "util/Text.h"
-#include "util/mShared.h"
+#include "launch/Resolution.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -83,7 +79,7 @@ std::int32_t cuTarvex::HKeyString2Enum(std::u16string_view name) {
 
 void cuTarvex::RegListAdd(std::int32_t selector, std::u16string_view entry) {
     if (const auto list = ListOf(selector)) {
-        AppendWithSeparator(properties_.*list, entry, properties_.markers.list, true);
+        text::AppendWithSeparator(properties_.*list, entry, properties_.markers.list, true);
     }
 }
 
@@ -93,7 +89,7 @@ std::vector<std::u16string> cuTarvex::RegListArray(std::int32_t selector) const 
         RaiseLaunchError(environment_, -launch_error::kValueNotAllowed, kClass, u"RegListArray", {},
                          text::Decimal(selector));
     }
-    return SplitList(properties_.*list, properties_.markers.list);
+    return text::SplitList(properties_.*list, properties_.markers.list);
 }
 
 std::u16string cuTarvex::RegListBuild(std::u16string_view keyPath, std::u16string_view valueName,

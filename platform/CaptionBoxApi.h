@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/WindowHandle.h"
+#include "platform/Ui.h"
 
 namespace tarvex {
 

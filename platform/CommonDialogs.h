@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/WindowHandle.h"
+#include "platform/Ui.h"
 
 namespace tarvex {
 

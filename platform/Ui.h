@@ -5,6 +5,9 @@
 
 namespace tarvex {
 
+/// A window of the system (HWND); null: none.
+using WindowHandle = void*;
+
 /// A call of the system's message box.
 struct MessageBoxRequest {
     std::u16string text;

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -43,7 +43,7 @@ std::int32_t Low(std::uint32_t value) {
     return static_cast<std::int32_t>(value & 0xFFFFU);
 }
 
-std::u16string VersionText(std::uint32_t high, std::uint32_t low) {
+std::u16string DottedVersion(std::uint32_t high, std::uint32_t low) {
     return text::Decimal(High(high)) + u"." + text::Decimal(Low(high), 2) + u"." +
            text::Decimal(High(low), 2) + u"." + text::Decimal(Low(low), 4);
 }
@@ -135,9 +135,9 @@ bool FileVersionInfo::ReadFixedData(std::string& block) {
     const std::uint32_t high = Field(record, field::kFileVersionHigh);
     data_.fileVersionMajor = High(high);
     data_.fileVersionMinor = Low(high);
-    data_.fileVersion = VersionText(high, Field(record, field::kFileVersionLow));
-    data_.productVersion = VersionText(Field(record, field::kProductVersionHigh),
-                                       Field(record, field::kProductVersionLow));
+    data_.fileVersion = DottedVersion(high, Field(record, field::kFileVersionLow));
+    data_.productVersion = DottedVersion(Field(record, field::kProductVersionHigh),
+                                         Field(record, field::kProductVersionLow));
     data_.fileFlags = FlagNames(Field(record, field::kFlags));
     data_.fileOS = SystemName(Field(record, field::kSystem));
     const std::uint32_t type = Field(record, field::kType);

@@ -4,7 +4,7 @@
 #include <exception>
 #include <utility>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "platform/CommonDialogs.h"
-#include "platform/TextCodec.h"
 #include "platform/Ui.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

@@ -7,14 +7,14 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
 namespace {
 
 bool FolderExists(const std::string& path) {
-    const std::string folder = FolderPart(path);
+    const std::string folder = FolderPrefix(path);
     struct stat status {};
     return folder.empty() || stat(folder.c_str(), &status) == 0;
 }
@@ -96,7 +96,7 @@ std::string PosixPath(std::u16string_view path) {
     return text::ToUtf8(path);
 }
 
-std::string FolderPart(const std::string& path) {
+std::string FolderPrefix(const std::string& path) {
     return path.substr(0, path.find_last_of('/') + 1);
 }
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/FileFailure.h"
+#include "platform/FileStore.h"
 
 namespace tarvex {
 
@@ -43,7 +43,7 @@ private:
 std::string PosixPath(std::u16string_view path);
 
 /// The folder's part of a path, with its closing "/"; empty for a bare file name.
-std::string FolderPart(const std::string& path);
+std::string FolderPrefix(const std::string& path);
 
 /// The failure that errno stands for, of an operation on `path`.
 FileFailure PosixFailure(int error, const std::string& path = {});

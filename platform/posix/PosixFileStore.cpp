@@ -1,6 +1,7 @@
 #include "platform/posix/PosixFileStore.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,7 +13,7 @@
 #include <optional>
 
 #include "platform/posix/PosixFile.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -52,7 +53,7 @@ private:
 PosixFile CreateBeside(const std::string& target, std::string& path) {
     for (int attempt = 0; attempt < 100; ++attempt) {
         path =
-            FolderPart(target) + "~tv" + std::to_string(getpid()) + "-" + std::to_string(attempt);
+            FolderPrefix(target) + "~tv" + std::to_string(getpid()) + "-" + std::to_string(attempt);
         if (std::optional<PosixFile> file = PosixFile::CreateNew(path)) {
             return std::move(*file);
         }
@@ -83,7 +84,50 @@ void RefuseReadOnly(const std::string& path) {
     }
 }
 
+class PosixBinaryFile : public BinaryFile {
+public:
+    explicit PosixBinaryFile(PosixFile file) : file_(std::move(file)) {}
+
+    std::int64_t Size() const override {
+        struct stat status {};
+        if (fstat(file_.Get(), &status) != 0) {
+            throw PosixFailure(errno);
+        }
+        return status.st_size;
+    }
+
+    void Seek(std::int64_t position) override {
+        if (lseek(file_.Get(), position, SEEK_SET) < 0) {
+            throw PosixFailure(errno);
+        }
+    }
+
+    std::string Read(std::size_t count) override { return file_.ReadUpTo(count); }
+    void Write(std::string_view bytes) override { file_.WriteAll(bytes); }
+
+private:
+    PosixFile file_;
+};
+
 }  // namespace
+
+bool PosixFileStore::FileExists(std::u16string_view path) const {
+    try {
+        struct stat status {};
+        return stat(PosixPath(path).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    } catch (const FileFailure&) {
+        return false;
+    }
+}
+
+std::unique_ptr<BinaryFile> PosixFileStore::Open(std::u16string_view path) {
+    PosixFile file(PosixPath(path), O_RDWR);
+    // A file system without locks only loses the protection against a second writer.
+    if (flock(file.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        throw FileFailure{FileProblem::InUse};
+    }
+    return std::make_unique<PosixBinaryFile>(std::move(file));
+}
 
 std::string PosixFileStore::ReadAll(std::u16string_view path) {
     return PosixFile(PosixPath(path), O_RDONLY).ReadUpTo(SIZE_MAX);
@@ -114,7 +158,7 @@ void PosixFileStore::ReplaceWith(std::u16string_view temp, std::u16string_view p
     }
     // The new name is safe only when the folder is on the disk too; some file systems cannot do
     // that, and the replacement has happened by then.
-    const std::string folder = FolderPart(target);
+    const std::string folder = FolderPrefix(target);
     const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor >= 0) {
         fsync(descriptor);

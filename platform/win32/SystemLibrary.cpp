@@ -1,6 +1,5 @@
 #include "platform/win32/SystemLibrary.h"
 
-#include "platform/win32/GrowingBuffer.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 

@@ -1,6 +1,6 @@
 #include "platform/win32/SystemPath.h"
 
-#include "platform/win32/GrowingBuffer.h"
+#include "platform/FileStore.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 
@@ -35,6 +35,17 @@ std::u16string SystemPath(std::u16string_view path) {
 
 bool IsDevicePath(std::u16string_view systemPath) {
     return systemPath.starts_with(u"\\\\.\\");
+}
+
+std::u16string FilePath(std::u16string_view path) {
+    std::u16string name = SystemPath(path);
+    if (name.empty()) {
+        throw FileFailure{FileProblem::PathNotFound};
+    }
+    if (IsDevicePath(name)) {
+        throw FileFailure{FileProblem::AccessDenied};
+    }
+    return name;
 }
 
 }  // namespace tarvex

@@ -14,4 +14,8 @@ std::u16string SystemPath(std::u16string_view path);
 /// True when the path that SystemPath returned names a device, not a file.
 bool IsDevicePath(std::u16string_view systemPath);
 
+/// SystemPath for an operation that cannot do without: throws FileFailure for a path that Windows
+/// refuses (PathNotFound) and for the name of a device (AccessDenied).
+std::u16string FilePath(std::u16string_view path);
+
 }  // namespace tarvex

@@ -1,7 +1,7 @@
-#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/Win32Files.h"
 
 #include "platform/win32/Handles.h"
-#include "platform/win32/NewFile.h"
+#include "platform/win32/SystemFile.h"
 #include "platform/win32/SystemPath.h"
 #include "platform/win32/WideText.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/TextCodec.h"
+#include "text/TextCodec.h"
 
 namespace tarvex {
 

@@ -1,9 +1,9 @@
-#include "platform/win32/Win32VersionResource.h"
+#include "platform/win32/Win32System.h"
 
 #include <algorithm>
 
-#include "platform/win32/GrowingBuffer.h"
 #include "platform/win32/SystemLibrary.h"
+#include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 
 namespace tarvex {

@@ -6,7 +6,7 @@
 
 #include "tests/support/FakeApp.h"
 #include "tests/support/FakeFileSystem.h"
-#include "util/TextCodec1252.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/win32/Win32CommonDialogs.h"
+#include "platform/win32/Win32Dialogs.h"
 
 #include <gtest/gtest.h>
 

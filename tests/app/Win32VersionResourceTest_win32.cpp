@@ -1,4 +1,4 @@
-#include "platform/win32/Win32VersionResource.h"
+#include "platform/win32/Win32System.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include "platform/win32/WindowsApi.h"
 #include "resources/Version.h"
 #include "tests/support/TestFolder.h"
+#include "text/Text.h"
 #include "util/FileVersionInfo.h"
-#include "util/Text.h"
 
 namespace tarvex {
 namespace {

@@ -10,7 +10,7 @@
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/WindowDriver_win32.h"
-#include "util/TextCodec1252.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {

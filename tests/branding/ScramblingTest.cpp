@@ -6,7 +6,7 @@
 
 #include "errors/RuntimeErrors.h"
 #include "tests/branding/BrandTesting.h"
-#include "util/TextCodec1252.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/branding/BrandTesting.h"
-#include "util/Text.h"
-#include "util/TextCodec1252.h"
+#include "text/Text.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "branding/BlockSearch.h"
 #include "tests/branding/cuBrandFixture.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "branding/BrandFields.h"
-#include "branding/DebugReport.h"
 #include "branding/Scrambling.h"
-#include "errors/MessageTable.h"
 #include "errors/cuAppError.h"
 #include "launch/cuTarvex.h"
 #include "resources/Version.h"
@@ -15,9 +13,10 @@
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/FakeVersionResource.h"
+#include "tests/support/MessageTable.h"
 #include "tests/support/TestProgram.h"
-#include "util/Text.h"
-#include "util/TextCodec1252.h"
+#include "text/Text.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {
@@ -263,8 +262,7 @@ protected:
 
 TEST_F(DebugInfoTest, EmptyCollectionStartsWithTheRule) {
     EXPECT_EQ(settings.DebugInfo(versions),
-              Rule() + u"\r\nVersion = " +
-                  VersionText(TARVEX_VERSION_MAJOR, TARVEX_VERSION_MINOR, TARVEX_VERSION_REVISION) +
+              Rule() + u"\r\nVersion = " + std::u16string(u"" TARVEX_VERSION_TEXT) +
                   u"\r\nFileID = \r\n" + Rule() +
                   u"\r\nBeschreibung = \r\nFirmenname = \r\nCopyright = \r\nMarken = \r\n"
                   u"Produktname = \r\nProduktversion = ");
@@ -324,10 +322,10 @@ TEST_F(DebugInfoTest, TextsComeFromTheVersionResourceOfTheLauncher) {
                                            u"Produktname = Kunden", u"Produktversion = 2.5"}));
 }
 
-TEST(VersionTextTest, RevisionHasAtLeastThreeDigits) {
-    EXPECT_EQ(VersionText(3, 0, 12), u"3.0.012");
-    EXPECT_EQ(VersionText(3, 0, 7), u"3.0.007");
-    EXPECT_EQ(VersionText(1, 20, 1234), u"1.20.1234");
+TEST(VersionTest, TextIsMadeOfTheNumbersAndARevisionOfThreeDigits) {
+    EXPECT_EQ(u"" TARVEX_VERSION_TEXT, text::Decimal(TARVEX_VERSION_MAJOR) + u"." +
+                                           text::Decimal(TARVEX_VERSION_MINOR) + u"." +
+                                           text::Decimal(TARVEX_VERSION_REVISION, 3));
 }
 
 }  // namespace

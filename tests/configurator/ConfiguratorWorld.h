@@ -8,8 +8,8 @@
 #include "tests/support/FakeBinaryFiles.h"
 #include "tests/support/FakeFileStore.h"
 #include "tests/support/SyntheticLauncher.h"
-#include "util/Text.h"
-#include "util/TextCodec1252.h"
+#include "text/Text.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 
@@ -40,7 +40,7 @@ struct ConfiguratorWorld {
     int Run(const std::vector<std::u16string>& arguments) {
         console.out.clear();
         console.err.clear();
-        return Commands({store, files, codec, console}).Run(arguments);
+        return Commands({store, codec, console}).Run(arguments);
     }
 
     /// Brands K.exe from the text of a settings file.

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "configurator/FieldTexts.h"
-#include "util/TextCodec1252.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "util/Text.h"
-#include "util/TextCodec1252.h"
+#include "text/Text.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {

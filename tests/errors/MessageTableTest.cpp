@@ -1,4 +1,4 @@
-#include "errors/MessageTable.h"
+#include "tests/support/MessageTable.h"
 
 #include <gtest/gtest.h>
 

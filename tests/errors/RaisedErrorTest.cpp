@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "errors/RuntimeErrors.h"
-#include "platform/FileFailure.h"
+#include "platform/FileStore.h"
 
 namespace tarvex {
 namespace {

@@ -14,8 +14,8 @@
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/TestProgram.h"
-#include "util/Text.h"
-#include "util/TextCodec1252.h"
+#include "text/Text.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 

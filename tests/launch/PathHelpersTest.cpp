@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

@@ -246,41 +246,6 @@ TEST_F(RegListTest, EmptySubFolderFieldDoesNotBreakTheList) {
     EXPECT_EQ(tarvex_.RegListArray(1).size(), 1U);
 }
 
-TEST(SplitListTest, EmptyTextHasNoPieces) {
-    EXPECT_EQ(SplitList(u"", u"%|%"), U16List());
-}
-
-TEST(SplitListTest, EmptyMarkerDividesNothing) {
-    EXPECT_EQ(SplitList(u"A", u""), U16List());
-}
-
-TEST(SplitListTest, TextWithoutMarkerIsOneTrimmedPiece) {
-    EXPECT_EQ(SplitList(u" A B ", u"%|%"), U16List{u"A B"});
-    EXPECT_EQ(SplitList(u" ", u"%|%"), U16List{u""});
-}
-
-TEST(SplitListTest, EmptyPieceBetweenMarkersIsKeptAndOneAtTheEndIsNot) {
-    EXPECT_EQ(SplitList(u"A%|%%|%B", u"%|%"), (U16List{u"A", u"", u"B"}));
-    EXPECT_EQ(SplitList(u"A%|%", u"%|%"), U16List{u"A"});
-    EXPECT_EQ(SplitList(u"A%|%  ", u"%|%"), U16List{u"A"});
-    EXPECT_EQ(SplitList(u"%|%", u"%|%"), U16List{u""});
-    EXPECT_EQ(SplitList(u"%|%A", u"%|%"), (U16List{u"", u"A"}));
-}
-
-TEST(SplitListTest, PiecesAreTrimmedOfBlanksOnly) {
-    EXPECT_EQ(SplitList(u"  A %|%\tB\t %|% C", u"%|%"), (U16List{u"A", u"\tB\t", u"C"}));
-}
-
-TEST(SplitListTest, MarkerOfOneCharacterAtTheStartIsDroppedOnce) {
-    EXPECT_EQ(SplitList(u"\\A\\B", u"\\"), (U16List{u"A", u"B"}));
-    EXPECT_EQ(SplitList(u"\\\\A", u"\\"), (U16List{u"", u"A"}));
-    EXPECT_EQ(SplitList(u"\\", u"\\"), U16List{u""});
-}
-
-TEST(SplitListTest, MarkerIsFoundInAnyCase) {
-    EXPECT_EQ(SplitList(u"1ÄND2änd3", u"änd"), (U16List{u"1", u"2", u"3"}));
-}
-
 class ReadRegistryTextTest : public ::testing::Test, protected LaunchWorld {
 protected:
     std::u16string Read(std::u16string_view valueName) {

@@ -6,8 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/BinaryFile.h"
-#include "platform/FileFailure.h"
+#include "platform/FileStore.h"
 
 namespace tarvex {
 

@@ -3,27 +3,21 @@
 
 #include <cerrno>
 
-#include "platform/posix/PosixBinaryFiles.h"
 #include "platform/posix/PosixFile.h"
 #include "platform/posix/PosixFileStore.h"
 #include "tests/platform/RealFilesContract.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
 namespace {
 
-using PosixWorld = RealWorld<PosixBinaryFiles>;
-
-struct PosixSystem {
-    using Files = PosixBinaryFiles;
-    using Store = PosixFileStore;
-};
+using PosixWorld = RealWorld<PosixFileStore>;
 
 }  // namespace
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Posix, BinaryFilesContract, PosixWorld);
-INSTANTIATE_TYPED_TEST_SUITE_P(Posix, RealFilesContract, PosixSystem);
+INSTANTIATE_TYPED_TEST_SUITE_P(Posix, RealFilesContract, PosixFileStore);
 
 namespace {
 
@@ -63,17 +57,17 @@ TEST(PosixFileStoreTest, FileBehindALinkIsReplaced) {
     EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
-TEST(PosixBinaryFilesTest, PipeIsRefusedAtOnce) {
+TEST(PosixFileStoreTest, PipeIsRefusedAtOnce) {
     TestFolder folder;
     const std::u16string pipe = folder.Path(u"pipe");
     ASSERT_EQ(mkfifo(Utf8(pipe).c_str(), 0600), 0);
-    PosixBinaryFiles files;
+    PosixFileStore files;
     EXPECT_FALSE(files.FileExists(pipe));
     EXPECT_EQ(ProblemOf([&] { files.Open(pipe); }), FileProblem::AccessDenied);
     EXPECT_EQ(ProblemOf([&] { PosixFileStore().ReadAll(pipe); }), FileProblem::AccessDenied);
 }
 
-TEST(PosixBinaryFilesTest, FullDiskIsNamed) {
+TEST(PosixFileStoreTest, FullDiskIsNamed) {
     EXPECT_EQ(PosixFailure(ENOSPC).problem, FileProblem::DiskFull);
     EXPECT_EQ(PosixFailure(EROFS).problem, FileProblem::AccessDenied);
     EXPECT_EQ(PosixFailure(EACCES).problem, FileProblem::AccessDenied);
@@ -82,13 +76,13 @@ TEST(PosixBinaryFilesTest, FullDiskIsNamed) {
     EXPECT_EQ(PosixFailure(EIO).problem, FileProblem::Device);
 }
 
-TEST(PosixBinaryFilesTest, PathWithAZeroIsNoPath) {
+TEST(PosixFileStoreTest, PathWithAZeroIsNoPath) {
     TestFolder folder;
     folder.MakeFile(u"a.exe", "x");
     std::u16string path = folder.Path(u"a.exe");
     path.push_back(u'\0');
-    EXPECT_FALSE(PosixBinaryFiles().FileExists(path));
-    EXPECT_EQ(ProblemOf([&] { PosixBinaryFiles().Open(path); }), FileProblem::PathNotFound);
+    EXPECT_FALSE(PosixFileStore().FileExists(path));
+    EXPECT_EQ(ProblemOf([&] { PosixFileStore().Open(path); }), FileProblem::PathNotFound);
 }
 
 }  // namespace

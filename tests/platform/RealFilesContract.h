@@ -7,25 +7,24 @@
 namespace tarvex {
 
 /// The world of a BinaryFilesContract in a real folder.
-template <class Files>
+template <class Store>
 class RealWorld : public TestFolder {
 public:
-    BinaryFiles& files() { return files_; }
+    BinaryFiles& files() { return store_; }
 
 private:
-    Files files_;
+    Store store_;
 };
 
-/// What files of a real system do beyond the contracts of the fakes: two users of one file, and
-/// replacing. A System names the classes: `Files` (BinaryFiles) and `Store` (FileStore).
-template <class System>
+/// What a real system's FileStore does beyond the contracts of the fakes: two users of one file,
+/// and replacing.
+template <class Store>
 class RealFilesContract : public testing::Test {
 protected:
     using Names = std::vector<std::u16string>;
 
     TestFolder folder;
-    typename System::Files files;
-    typename System::Store store;
+    Store store;
 };
 
 TYPED_TEST_SUITE_P(RealFilesContract);
@@ -33,21 +32,21 @@ TYPED_TEST_SUITE_P(RealFilesContract);
 TYPED_TEST_P(RealFilesContract, FileOpenElsewhereIsInUse) {
     this->folder.MakeFile(u"a.exe", "alt");
     const std::u16string path = this->folder.Path(u"a.exe");
-    auto first = this->files.Open(path);
-    EXPECT_EQ(ProblemOf([&] { this->files.Open(path); }), FileProblem::InUse);
+    auto first = this->store.Open(path);
+    EXPECT_EQ(ProblemOf([&] { this->store.Open(path); }), FileProblem::InUse);
     EXPECT_EQ(this->folder.Bytes(u"a.exe"), "alt");
     first.reset();
-    EXPECT_EQ(ProblemOf([&] { this->files.Open(path); }), std::nullopt);
+    EXPECT_EQ(ProblemOf([&] { this->store.Open(path); }), std::nullopt);
 }
 
 TYPED_TEST_P(RealFilesContract, MissingFolderIsAMissingPath) {
     // Windows takes this separator as well.
     const std::u16string inside = this->folder.Path(u"Fehlt/a.exe");
-    EXPECT_EQ(ProblemOf([&] { this->files.Open(inside); }), FileProblem::PathNotFound);
+    EXPECT_EQ(ProblemOf([&] { this->store.Open(inside); }), FileProblem::PathNotFound);
     EXPECT_EQ(ProblemOf([&] { this->store.ReadAll(inside); }), FileProblem::PathNotFound);
     EXPECT_EQ(ProblemOf([&] { this->store.WriteNewBeside(inside, "x"); }),
               FileProblem::PathNotFound);
-    EXPECT_EQ(ProblemOf([&] { this->files.Open(u""); }), FileProblem::PathNotFound);
+    EXPECT_EQ(ProblemOf([&] { this->store.Open(u""); }), FileProblem::PathNotFound);
 }
 
 TYPED_TEST_P(RealFilesContract, ReadAllGivesEveryByte) {
@@ -83,7 +82,7 @@ TYPED_TEST_P(RealFilesContract, NewFileTakesThePlaceOfTheOldOne) {
     this->folder.MakeFile(u"Größe Ω.exe", "ein langer alter Inhalt");
     const std::u16string path = this->folder.Path(u"Größe Ω.exe");
     const std::u16string temp = this->store.WriteNewBeside(path, "neu");
-    this->files.Open(temp)->Write("N");
+    this->store.Open(temp)->Write("N");
     this->store.ReplaceWith(temp, path);
     EXPECT_EQ(this->folder.Bytes(u"Größe Ω.exe"), "Neu");
     EXPECT_EQ(this->folder.Names(), typename TestFixture::Names{u"Größe Ω.exe"});

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "platform/Registry.h"
-#include "platform/win32/Win32Registry.h"
+#include "platform/win32/Win32System.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 

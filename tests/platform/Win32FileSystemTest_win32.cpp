@@ -1,4 +1,4 @@
-#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/Win32Files.h"
 
 #include "platform/win32/SystemPath.h"
 #include "platform/win32/WideText.h"

@@ -1,7 +1,6 @@
+#include "platform/win32/SystemFile.h"
 #include "platform/win32/WideText.h"
-#include "platform/win32/Win32BinaryFiles.h"
-#include "platform/win32/Win32FileFailure.h"
-#include "platform/win32/Win32FileStore.h"
+#include "platform/win32/Win32Files.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/platform/RealFilesContract.h"
 
@@ -9,21 +8,16 @@ namespace tarvex {
 
 namespace {
 
-using Win32World = RealWorld<Win32BinaryFiles>;
-
-struct Win32System {
-    using Files = Win32BinaryFiles;
-    using Store = Win32FileStore;
-};
+using Win32World = RealWorld<Win32FileStore>;
 
 }  // namespace
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Win32, BinaryFilesContract, Win32World);
-INSTANTIATE_TYPED_TEST_SUITE_P(Win32, RealFilesContract, Win32System);
+INSTANTIATE_TYPED_TEST_SUITE_P(Win32, RealFilesContract, Win32FileStore);
 
 namespace {
 
-TEST(Win32BinaryFilesTest, ReadOnlyFileIsRefused) {
+TEST(Win32FileStoreTest, ReadOnlyFileIsRefused) {
     Win32World world;
     world.MakeFile(u"a.exe", "alt");
     if (!world.MakeReadOnly(u"a.exe")) {
@@ -33,19 +27,19 @@ TEST(Win32BinaryFilesTest, ReadOnlyFileIsRefused) {
               FileProblem::AccessDenied);
 }
 
-TEST(Win32BinaryFilesTest, DeviceIsRefused) {
-    EXPECT_EQ(ProblemOf([] { Win32BinaryFiles().Open(u"NUL"); }), FileProblem::AccessDenied);
+TEST(Win32FileStoreTest, DeviceIsRefused) {
+    EXPECT_EQ(ProblemOf([] { Win32FileStore().Open(u"NUL"); }), FileProblem::AccessDenied);
     EXPECT_EQ(ProblemOf([] { Win32FileStore().ReadAll(u"NUL"); }), FileProblem::AccessDenied);
 }
 
-TEST(Win32BinaryFilesTest, OpenFileMayBeReadByOthers) {
+TEST(Win32FileStoreTest, OpenFileMayBeReadByOthers) {
     Win32World world;
     world.MakeFile(u"a.exe", "alt");
     const auto file = world.files().Open(world.Path(u"a.exe"));
     EXPECT_EQ(world.Bytes(u"a.exe"), "alt");
 }
 
-TEST(Win32BinaryFilesTest, SeekBeforeTheBeginningFails) {
+TEST(Win32FileStoreTest, SeekBeforeTheBeginningFails) {
     Win32World world;
     world.MakeFile(u"a.exe", "alt");
     const auto file = world.files().Open(world.Path(u"a.exe"));

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "platform/win32/WideText.h"
-#include "platform/win32/Win32Process.h"
+#include "platform/win32/Win32System.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/support/TestFolder.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

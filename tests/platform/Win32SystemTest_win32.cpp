@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "platform/win32/GrowingBuffer.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
-#include "platform/win32/Win32Clock.h"
-#include "platform/win32/Win32ProgramInfo.h"
-#include "platform/win32/Win32StringTable.h"
+#include "platform/win32/Win32System.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/support/TestFolder.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -7,8 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/BinaryFile.h"
-#include "platform/FileFailure.h"
+#include "platform/FileStore.h"
 
 namespace tarvex {
 

@@ -4,8 +4,8 @@
 
 #include "branding/BrandFields.h"
 #include "branding/StoredValue.h"
-#include "util/Text.h"
-#include "util/TextCodec1252.h"
+#include "text/Text.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 

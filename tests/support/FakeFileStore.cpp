@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

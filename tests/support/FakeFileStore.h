@@ -5,23 +5,27 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/FileFailure.h"
 #include "platform/FileStore.h"
 #include "tests/support/FakeBinaryFiles.h"
 
 namespace tarvex {
 
-/// Replaces files among those of a FakeBinaryFiles, which it refers to.
+/// The files of a FakeBinaryFiles, which it refers to, and their replacement.
 class FakeFileStore : public FileStore {
 public:
     explicit FakeFileStore(FakeBinaryFiles& files) : files_(files) {}
 
+    bool FileExists(std::u16string_view path) const override { return files_.FileExists(path); }
+    std::unique_ptr<BinaryFile> Open(std::u16string_view path) override {
+        return files_.Open(path);
+    }
     std::string ReadAll(std::u16string_view path) override;
     std::u16string WriteNewBeside(std::u16string_view path, std::string_view bytes) override;
     void ReplaceWith(std::u16string_view temp, std::u16string_view path) override;
     void Remove(std::u16string_view path) override;
 
-    /// Every call in order: "read PATH", "new PATH", "replace PATH with TEMP", "remove PATH".
+    /// Every call of its own in order: "read PATH", "new PATH", "replace PATH with TEMP", "remove
+    /// PATH".
     std::vector<std::u16string> log;
 
     /// Number of the call (1: the first one in `log`) that fails with `failure`; 0: none does.

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "branding/BrandFields.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

@@ -8,7 +8,7 @@
 #include <stdexcept>
 
 #include "tests/support/TestFolder.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

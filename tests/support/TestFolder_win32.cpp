@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

@@ -6,7 +6,7 @@
 
 #include "tests/support/FakeCommonDialogs.h"
 #include "tests/support/FakeUi.h"
-#include "util/TextCodec1252.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {

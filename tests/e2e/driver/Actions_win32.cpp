@@ -5,7 +5,7 @@
 #include "tests/e2e/driver/Driver.h"
 #include "tests/e2e/driver/Input.h"
 #include "tests/e2e/driver/StepFailure.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 // What each word of a script does. The arguments are listed in README.md.
 namespace tarvex {

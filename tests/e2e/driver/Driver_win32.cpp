@@ -4,7 +4,7 @@
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/Driver.h"
 #include "tests/e2e/driver/StepFailure.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/Input.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

@@ -1,6 +1,6 @@
 #include "tests/e2e/driver/Json.h"
 
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

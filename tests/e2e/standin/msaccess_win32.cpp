@@ -13,10 +13,10 @@
 
 #include <string>
 
-#include "platform/win32/GrowingBuffer.h"
-#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/WideText.h"
+#include "platform/win32/Win32Files.h"
 #include "platform/win32/WindowsApi.h"
-#include "util/Text.h"
+#include "text/Text.h"
 
 namespace tarvex {
 

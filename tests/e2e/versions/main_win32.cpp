@@ -2,8 +2,8 @@
 #include <fstream>
 
 #include "platform/win32/WideText.h"
+#include "platform/win32/Win32System.h"
 #include "platform/win32/Win32TextCodec.h"
-#include "platform/win32/Win32VersionResource.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/Json.h"
 #include "util/FileVersionInfo.h"

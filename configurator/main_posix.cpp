@@ -1,0 +1,18 @@
+#include "configurator/Commands.h"
+#include "configurator/SystemConsole.h"
+#include "platform/posix/PosixFileStore.h"
+#include "text/Text.h"
+#include "text/TextCodec1252.h"
+
+int main(int argc, char** argv) {
+    std::vector<std::u16string> arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments.push_back(tarvex::text::FromUtf8(argv[i]));
+    }
+    tarvex::PosixFileStore store;
+    // The launcher reads its settings in the code page of the Windows that it runs on; elsewhere
+    // there is no such thing to ask for.
+    const tarvex::TextCodec1252 codec;
+    tarvex::SystemConsole console;
+    return tarvex::Commands({store, codec, console}).Run(arguments);
+}

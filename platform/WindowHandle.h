@@ -1,8 +1,0 @@
-#pragma once
-
-namespace tarvex {
-
-/// A window of the system (HWND); null: none.
-using WindowHandle = void*;
-
-}  // namespace tarvex

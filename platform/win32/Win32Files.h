@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/FileStore.h"
+#include "platform/FileSystem.h"
+
+namespace tarvex {
+
+/// The files of Windows for a program that looks for them.
+class Win32FileSystem : public FileSystem {
+public:
+    bool FileExists(std::u16string_view path) const override;
+    bool Append(std::u16string_view path, std::string_view bytes) override;
+    bool Write(std::u16string_view path, std::string_view bytes, bool overwrite) override;
+};
+
+/// The files of Windows for a program that changes them.
+class Win32FileStore : public FileStore {
+public:
+    bool FileExists(std::u16string_view path) const override;
+    std::unique_ptr<BinaryFile> Open(std::u16string_view path) override;
+    std::string ReadAll(std::u16string_view path) override;
+    std::u16string WriteNewBeside(std::u16string_view path, std::string_view bytes) override;
+    void ReplaceWith(std::u16string_view temp, std::u16string_view path) override;
+    void Remove(std::u16string_view path) override;
+};
+
+}  // namespace tarvex
