@@ -8,23 +8,6 @@
 
 namespace tarvex {
 
-namespace {
-
-constexpr std::int32_t kMsgStartFailed = 107;
-constexpr std::int32_t kMsgTestHeading = 115;
-constexpr std::int32_t kMsgFurtherParameters = 116;
-constexpr std::int32_t kMsgNotBranded = 117;
-constexpr std::int32_t kMsgLogYes = 118;
-constexpr std::int32_t kMsgLogNo = 119;
-constexpr std::int32_t kMsgSaveTitle = 133;
-constexpr std::int32_t kMsgSaveFilter = 134;
-constexpr std::int32_t kMsgWrongPassword = 137;
-constexpr std::int32_t kMsgTestHeadingWithErrors = 138;
-
-constexpr std::uint32_t kIconStop = 16;
-
-}  // namespace
-
 Application::Application(const ApplicationParts& parts)
     : parts_(parts),
       settings_(parts.constants, parts.appError, parts.environment),
@@ -46,7 +29,8 @@ void Application::Init() {
 
 void Application::RunLaunch() {
     if (!settings_.Brand().OwnMarkerIsBranded()) {
-        Error().RaiseMessage(kMsgNotBranded, CompanionPath(parts_.environment.program, u".exe"));
+        Error().RaiseMessage(Message::NotBranded,
+                             CompanionPath(parts_.environment.program, u".exe"));
     }
     settings_.LoadSettings();
     ParseCmdLine();
@@ -84,7 +68,7 @@ void Application::ShowDiagnosticInformation() {
     const std::u16string stored = settings_.Value(kFieldEditPwd);
     if (!stored.empty() &&
         DecodeNumberList(stored, parts_.environment.settingsCodec) != switches_.infoPassword) {
-        Error().MsgShow(kMsgWrongPassword, kIconStop);
+        Error().MsgShow(Message::WrongPassword, box_style::kStopIcon);
         return;
     }
     ShowDebugForm(settings_.DebugInfo(parts_.versions));
@@ -92,12 +76,12 @@ void Application::ShowDiagnosticInformation() {
 
 void Application::LaunchAccess() {
     tarvex_ = settings_.InitTarvex();
-    tarvex_->SetTestMode(switches_.test);
+    tarvex_->Properties().testMode = switches_.test;
     if (switches_.compact) {
-        tarvex_->SetOptionCompact(true);
+        tarvex_->Properties().optionCompact = true;
     }
     if (switches_.repair) {
-        tarvex_->SetOptionRepair(true);
+        tarvex_->Properties().optionRepair = true;
     }
     if (!tarvex_->GetCommandLine()) {
         return;
@@ -107,7 +91,7 @@ void Application::LaunchAccess() {
         return;
     }
     if (parts_.process.StartMaximised(tarvex_->CommandLine()) == 0) {
-        Error().RaiseMessage(kMsgStartFailed, tarvex_->CommandLine());
+        Error().RaiseMessage(Message::StartFailed, tarvex_->CommandLine());
     }
     if (writeLog_) {
         parts_.log.Append(tarvex_->CommandLineHiddenUserPW());
@@ -115,17 +99,18 @@ void Application::LaunchAccess() {
 }
 
 void Application::ShowTestResult() {
-    const auto message = [this](std::int32_t number) { return Error().MsgLoad(number); };
+    const auto message = [this](Message number) { return Error().MsgLoad(number); };
     std::u16string result;
     const auto append = [&result](std::u16string_view piece) {
         text::AppendWithSeparator(result, piece, text::kLineBreak);
     };
-    append(message(tarvex_->TestModeError() ? kMsgTestHeadingWithErrors : kMsgTestHeading) +
-           u"\r\n");
+    append(
+        message(tarvex_->TestModeError() ? Message::TestHeadingWithErrors : Message::TestHeading) +
+        u"\r\n");
     append(tarvex_->CommandLineHiddenUserPW());
     append(picture_.Report() + u"\r\n");
-    append(message(kMsgFurtherParameters) + u"\r\n");
-    append(message(writeLog_ ? kMsgLogYes : kMsgLogNo));
+    append(message(Message::FurtherParameters) + u"\r\n");
+    append(message(writeLog_ ? Message::LogYes : Message::LogNo));
     append(tarvex_->DebugLog() + u"\r\n");
     ShowDebugForm(result);
 }
@@ -138,8 +123,8 @@ void Application::ShowDebugForm(std::u16string_view text) {
     window.text = text;
     window.saveFolder = program.folder;
     window.saveName = program.exeName + u".err";
-    window.saveTitle = Error().MsgLoad(kMsgSaveTitle);
-    window.saveFilter = Error().MsgLoad(kMsgSaveFilter);
+    window.saveTitle = Error().MsgLoad(Message::SaveTitle);
+    window.saveFilter = Error().MsgLoad(Message::SaveFilter);
     window.helpContext = helpContext_.value_or(0);
     parts_.windows.ShowDebug(window);
 }

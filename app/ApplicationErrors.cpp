@@ -7,14 +7,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::int32_t kMsgCannotRun = 122;
-constexpr std::int32_t kMsgEnd = 125;
-constexpr std::int32_t kMsgDetails = 126;
-constexpr std::int32_t kMsgHelp = 127;
-constexpr std::int32_t kMsgDetailsHeading = 131;
-constexpr std::int32_t kMsgBoxText = 135;
-
-constexpr std::uint32_t kIconStop = 16;
 constexpr std::size_t kDetailsWidth = 90;
 constexpr std::u16string_view kEmptyLine = u"\r\n\r\n";
 
@@ -30,7 +22,7 @@ void Application::ErrHandler(const RaisedError& error) {
     try {
         const std::u16string report = ErrorReport(error);
         if (switches_.test) {
-            std::u16string text = Error().MsgLoad(kMsgDetailsHeading, Error().Projectname());
+            std::u16string text = Error().MsgLoad(Message::DetailsHeading, Error().Projectname());
             text::AppendWithSeparator(text, report, kEmptyLine);
             ShowDebugForm(text);
         } else {
@@ -39,7 +31,7 @@ void Application::ErrHandler(const RaisedError& error) {
     } catch (...) {
         // The user must learn of the failure even when its report cannot be made.
         parts_.environment.ui.ShowMessageBox(
-            {error.description, Error().Projectname(), kIconStop, {}, -1});
+            {error.description, Error().Projectname(), box_style::kStopIcon, {}, -1});
     }
 }
 
@@ -57,18 +49,19 @@ void Application::ShowErrorBox(const std::u16string& report) {
     const std::u16string& project = Error().Projectname();
 
     CaptionBox box;
-    box.text = Error().MsgLoad(kMsgBoxText, Error().MsgLoad(kMsgCannotRun, project),
-                               FieldOrEmpty(kFieldErrBoxText));
+    box.text =
+        Error().MsgLoad(Message::ErrorBoxText, Error().MsgLoad(Message::UnexpectedError, project),
+                        FieldOrEmpty(kFieldErrBoxText));
     RemoveTrailingLineBreaks(box.text);
     box.title = project;
-    box.style = kIconStop;
-    box.captions[0] = Error().MsgLoad(kMsgEnd);
-    box.captions[1] = Error().MsgLoad(kMsgDetails);
+    box.style = box_style::kStopIcon;
+    box.captions[0] = Error().MsgLoad(Message::EndButton);
+    box.captions[1] = Error().MsgLoad(Message::DetailsButton);
     if (HasHelp()) {
-        box.captions[2] = Error().MsgLoad(kMsgHelp);
+        box.captions[2] = Error().MsgLoad(Message::HelpButton);
     }
 
-    std::u16string details = Error().MsgLoad(kMsgDetailsHeading, project);
+    std::u16string details = Error().MsgLoad(Message::DetailsHeading, project);
     text::AppendWithSeparator(
         details, cuAppErrorFormatter::WordWrap(FieldOrEmpty(kFieldErrDebugText), kDetailsWidth),
         kEmptyLine, true);

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "branding/pSettings.h"
 #include "errors/cuAppError.h"
+#include "launch/DiagnosticLog.h"
 #include "launch/LaunchEnvironment.h"
-#include "launch/RegistryKeyList.h"
 
 namespace tarvex {
 
@@ -28,9 +27,9 @@ public:
     std::int32_t Delay() const { return delay_; }
 
     /// Lines joined by CR LF, the first one a heading.
-    const std::u16string& Report() const { return report_; }
+    const std::u16string& Report() const { return report_.Text(); }
 
-    /// Adds a line to the report, behind an empty line when asked for; the first text becomes the
+    /// Adds a line to the report, after an empty line when asked for; the first text becomes the
     /// report.
     void AddPictureReportLine(std::u16string_view line, bool emptyLineBefore = false);
 
@@ -38,9 +37,6 @@ public:
     static bool HasPicRegLists(const pSettings& settings);
 
 private:
-    std::u16string ResolveKeyLists(const pSettings& settings);
-    std::optional<std::u16string> ResolveEntry(std::u16string_view entry);
-    std::optional<std::u16string> CandidateOf(const KeyListEntry& parts, std::u16string value);
     std::u16string ResolveFolder(const pSettings& settings);
     void Check();
 
@@ -48,7 +44,7 @@ private:
     const cuAppError& appError_;
     std::u16string path_;
     std::int32_t delay_ = 0;
-    std::u16string report_;
+    DiagnosticLog report_;
 };
 
 }  // namespace tarvex

@@ -1,9 +1,5 @@
 #include "branding/BrandErrors.h"
 
-#include <string>
-#include <utility>
-
-#include "errors/RaisedError.h"
 #include "errors/cuAppError.h"
 #include "text/Text.h"
 
@@ -43,25 +39,17 @@ std::u16string_view ErrorText(BrandError error) {
     return {};
 }
 
-RaisedError Raised(BrandError error, std::u16string description) {
-    RaisedError raised;
-    raised.number = BrandErrorNumber(error);
-    raised.description = std::move(description);
-    return raised;
-}
-
 }  // namespace
 
-std::int32_t BrandErrorNumber(BrandError error) {
+std::int32_t NumberOf(BrandError error) {
     return cuAppError::kNumberBase + static_cast<std::int32_t>(error);
 }
 
-void RaiseBrandError(BrandError error, std::u16string_view name) {
-    throw Raised(error, text::Replace(ErrorText(error), u"##", name));
-}
-
-void RaiseCannotWrite() {
-    throw Raised(BrandError::WrongMode, u"Das Schreiben ist im aktuellen Modus nicht möglich.");
+RaisedError MakeError(BrandError error, std::u16string_view name) {
+    RaisedError raised;
+    raised.number = NumberOf(error);
+    raised.description = text::Replace(ErrorText(error), u"##", name);
+    return raised;
 }
 
 }  // namespace tarvex

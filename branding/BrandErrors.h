@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "errors/RaisedError.h"
+
 namespace tarvex {
 
 /// Application errors of the branding classes; the number raised is 0x80040000 plus this one.
@@ -17,17 +19,14 @@ enum class BrandError : std::int32_t {
     FileMissing = 8,
     NoIdentifier = 9,
     NoPosition = 10,
-    WrongLength = 11
+    WrongLength = 11,
 };
 
 /// The number under which the error is raised.
-std::int32_t BrandErrorNumber(BrandError error);
+std::int32_t NumberOf(BrandError error);
 
-/// Raises the error with its German text; `name` is that of the item or file that the text names.
-/// The source is empty.
-[[noreturn]] void RaiseBrandError(BrandError error, std::u16string_view name = {});
-
-/// WrongMode, with the text for an attempt to write.
-[[noreturn]] void RaiseCannotWrite();
+/// The error with its German text and no source, ready to be thrown; `name` is that of the item or
+/// file that the text names.
+RaisedError MakeError(BrandError error, std::u16string_view name = {});
 
 }  // namespace tarvex

@@ -42,11 +42,11 @@ std::uint8_t KeyAt(ScrambleKey key, std::size_t position) {
 std::uint8_t ParseCode(std::u16string_view part) {
     part = text::Trim(part);
     if (!text::IsDigits(part)) {
-        throw RuntimeError(runtime_error::kTypeMismatch);
+        throw MakeError(RuntimeError::TypeMismatch);
     }
     const std::int32_t code = text::ParseInt32(part).value_or(kHighestCode + 1);
     if (code > kHighestCode) {
-        throw RuntimeError(runtime_error::kInvalidCall);
+        throw MakeError(RuntimeError::InvalidCall);
     }
     return static_cast<std::uint8_t>(code);
 }
@@ -70,7 +70,7 @@ std::u16string ScrambleBrandValue(std::u16string_view value, const TextCodec& co
                                   ScrambleKey key) {
     std::string codes = codec.ToAnsi(value);
     if (codes.size() != value.size()) {
-        RaiseBrandError(BrandError::WrongLength);
+        throw MakeError(BrandError::WrongLength);
     }
     for (std::size_t i = 0; i < codes.size(); ++i) {
         const std::uint8_t code = SwapBlank(static_cast<std::uint8_t>(codes[i]));

@@ -22,7 +22,7 @@ std::u16string ItemHeader(const cuBranding& item) {
 
 std::int32_t Position32(std::int64_t position) {
     if (position > INT32_MAX) {
-        throw RuntimeError(runtime_error::kOverflow);
+        throw MakeError(RuntimeError::Overflow);
     }
     return static_cast<std::int32_t>(position);
 }
@@ -40,10 +40,10 @@ void cuBrand::SetFileName(std::u16string_view name) {
             return;
         }
         if (files_ == nullptr) {
-            throw RuntimeError(runtime_error::kObjectNotSet);
+            throw MakeError(RuntimeError::ObjectNotSet);
         }
         if (!files_->FileExists(name)) {
-            RaiseBrandError(BrandError::FileMissing, name);
+            throw MakeError(BrandError::FileMissing, name);
         }
         file_ = files_->Open(name);
         fileName_ = name;
@@ -67,7 +67,7 @@ BrandState cuBrand::GetBrandInformation() const {
 
 bool cuBrand::OwnMarkerIsBranded() const {
     if (constants_ == nullptr) {
-        throw RuntimeError(runtime_error::kObjectNotSet);
+        throw MakeError(RuntimeError::ObjectNotSet);
     }
     return text::EqualsIgnoreCase(constants_->Marker(), constants_->BrandedMarker());
 }
@@ -82,7 +82,7 @@ BrandState cuBrand::FileState() const {
 bool cuBrand::LoadFomConstants(const std::vector<std::u16string>& marks) {
     return AtPlace(u"cuBrand: LoadFomConstants", [&] {
         if (mode_ == BrandMode::File) {
-            RaiseBrandError(BrandError::WrongMode);
+            throw MakeError(BrandError::WrongMode);
         }
         brandings_.Clear();
         state_ = BrandState::Unknown;
@@ -104,7 +104,7 @@ bool cuBrand::LoadFromFile() {
     return AtPlace(u"cuBrand: LoadFromFile", [&] {
         RequireFileMode();
         if (file_ == nullptr) {
-            RaiseBrandError(BrandError::NoFileName);
+            throw MakeError(BrandError::NoFileName);
         }
         brandings_.Clear();
         RequireIdentifier();
@@ -187,7 +187,7 @@ void cuBrand::AddRow(const BrandRow& row, bool verify, bool readValues) {
         item.SetValue(text::Trim(ReadBranding(item)));
     }
     if (verify && !HeaderStandsBefore(item)) {
-        RaiseBrandError(BrandError::PositionsDiffer, item.Name());
+        throw MakeError(BrandError::PositionsDiffer, item.Name());
     }
 }
 
@@ -205,7 +205,7 @@ bool cuBrand::HeaderStandsBefore(const cuBranding& item) const {
 std::u16string cuBrand::ReadBranding(const cuBranding& item) const {
     return AtPlace(u"cuBrand: ReadBranding", [&] {
         if (item.StartPosition() == 0) {
-            RaiseBrandError(BrandError::NoPosition, item.Name());
+            throw MakeError(BrandError::NoPosition, item.Name());
         }
         return ReadData(item.StartPosition(), item.NumChars());
     });
@@ -255,7 +255,7 @@ void cuBrand::WriteData(std::u16string_view text, std::int64_t position, std::in
     AtPlace(u"cuBrand: WriteData", [&] {
         BinaryFile& file = File();
         if (position <= 0) {
-            throw RuntimeError(runtime_error::kInvalidCall);
+            throw MakeError(RuntimeError::InvalidCall);
         }
         file.Seek(position - 1);
         file.Write(ToUtf16Bytes(FitToWidth(text, count)));
@@ -276,20 +276,22 @@ bool cuBrand::SaveSub(const cuBranding& item) {
 bool cuBrand::Save(bool onlyChanged) {
     return AtPlace(u"cuBrand: Save", [&] {
         if (mode_ == BrandMode::Constants) {
-            RaiseCannotWrite();
+            RaisedError error = MakeError(BrandError::WrongMode);
+            error.description = u"Das Schreiben ist im aktuellen Modus nicht möglich.";
+            throw RaisedError(std::move(error));
         }
         if (brandings_.Count() == 0) {
-            RaiseBrandError(BrandError::NoItems);
+            throw MakeError(BrandError::NoItems);
         }
         if (!DetermineState()) {
-            RaiseBrandError(BrandError::NoMarker);
+            throw MakeError(BrandError::NoMarker);
         }
         if (denyMultiBranding_ && state_ == BrandState::Branded) {
-            RaiseBrandError(BrandError::AlreadyBranded);
+            throw MakeError(BrandError::AlreadyBranded);
         }
         for (const cuBranding& item : std::as_const(brandings_)) {
             if ((!onlyChanged || item.Dirty()) && !SaveSub(item)) {
-                RaiseBrandError(BrandError::ItemNotSaved, item.Name());
+                throw MakeError(BrandError::ItemNotSaved, item.Name());
             }
         }
         if (state_ == BrandState::NotYetBranded && SeekData(MarkerText(false)) != 0) {
@@ -301,14 +303,14 @@ bool cuBrand::Save(bool onlyChanged) {
 
 BinaryFile& cuBrand::File() const {
     if (file_ == nullptr) {
-        throw RuntimeError(runtime_error::kBadFileNumber);
+        throw MakeError(RuntimeError::BadFileNumber);
     }
     return *file_;
 }
 
 void cuBrand::RequireFileMode() const {
     if (mode_ == BrandMode::Constants) {
-        RaiseBrandError(BrandError::WrongMode);
+        throw MakeError(BrandError::WrongMode);
     }
 }
 
@@ -319,7 +321,7 @@ bool cuBrand::DetermineState() {
 
 void cuBrand::RequireIdentifier() {
     if (!DetermineState()) {
-        RaiseBrandError(BrandError::NoIdentifier, fileName_);
+        throw MakeError(BrandError::NoIdentifier, fileName_);
     }
 }
 

@@ -35,7 +35,7 @@ cuBranding& cuBrandings::Add(std::u16string_view name, std::u16string_view value
                              std::int32_t number, std::int32_t numChars) {
     return AtPlace(u"cuBrandings: Add", [&]() -> cuBranding& {
         if (Position(number) != items_.end()) {
-            throw RuntimeError(runtime_error::kDuplicateKey);
+            throw MakeError(RuntimeError::DuplicateKey);
         }
         cuBranding& item = items_.emplace_back();
         item.SetName(name);
@@ -65,7 +65,7 @@ cuBrandings::const_iterator cuBrandings::Position(std::int32_t number) const {
 cuBrandings::const_iterator cuBrandings::Find(std::int32_t number) const {
     const const_iterator found = Position(number);
     if (found == items_.end()) {
-        throw RuntimeError(runtime_error::kInvalidCall);
+        throw MakeError(RuntimeError::InvalidCall);
     }
     return found;
 }

@@ -16,21 +16,8 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::int32_t kMsgNotBranded = 117;
-constexpr std::int32_t kMsgNotShown = 136;
-
-/// Key list fields of one kind of list.
-struct ListFields {
-    std::int32_t first;
-    std::int32_t last;
-    std::int32_t kind;
-};
-
-constexpr ListFields kListFields[] = {
-    {kFieldAccRegList01, kFieldAccRegList10, 0},
-    {kFieldDBRegList01, kFieldDBRegList10, 1},
-    {kFieldSysDBRegList01, kFieldSysDBRegList10, 2},
-};
+/// The key lists of the launch object by their selectors.
+constexpr KeyListFields kLaunchLists[] = {kAccRegList, kDBRegList, kSysDBRegList};
 
 /// Text of lines joined by CR LF, with no line break after the last one.
 class DebugReport {
@@ -76,7 +63,8 @@ void pSettings::LoadSettings() {
         brand_->SetMode(BrandMode::Constants);
         brand_->LoadFomConstants(constants_.Marks());
         if (brand_->BrandInformation() != BrandState::Branded) {
-            appError_.RaiseMessage(kMsgNotBranded, CompanionPath(environment_.program, u".exe"));
+            appError_.RaiseMessage(Message::NotBranded,
+                                   CompanionPath(environment_.program, u".exe"));
         }
         for (cuBranding& item : brand_->Brandings()) {
             item.SetValue(ScrambleBrandValue(item.Value(), environment_.settingsCodec));
@@ -105,37 +93,50 @@ std::unique_ptr<cuTarvex> pSettings::InitTarvex() const {
     return AtPlace(u"pSettings: InitTarvex", [&] {
         auto tarvex = std::make_unique<cuTarvex>(environment_);
         BuildRegLists(*tarvex);
-        tarvex->SetAccPath(Value(kFieldAccPath));
-        tarvex->SetDBFilename(Value(kFieldDBFilename));
-        tarvex->SetDBPath(Value(kFieldDBPath));
-        tarvex->SetOptionExclusive(Flag(kFieldExclusive));
-        tarvex->SetOptionRuntime(Flag(kFieldRuntime));
-        tarvex->SetOptionDecompile(Flag(kFieldDecompile));
-        tarvex->SetSystemDBFilename(Value(kFieldSysDBFilename));
-        tarvex->SetSystemDBPath(Value(kFieldSysDBPath));
+        LaunchProperties& properties = tarvex->Properties();
+        properties.accPath = Value(kFieldAccPath);
+        properties.dbFilename = Value(kFieldDBFilename);
+        properties.dbPath = Value(kFieldDBPath);
+        properties.optionExclusive = Flag(kFieldExclusive);
+        properties.optionRuntime = Flag(kFieldRuntime);
+        properties.optionDecompile = Flag(kFieldDecompile);
+        properties.systemDBFilename = Value(kFieldSysDBFilename);
+        properties.systemDBPath = Value(kFieldSysDBPath);
         if (const std::u16string user = Value(kFieldUser); !user.empty()) {
-            tarvex->SetSystemDBUser(DecodeNumberList(user, environment_.settingsCodec));
+            properties.systemDBUser = DecodeNumberList(user, environment_.settingsCodec);
         }
         if (const std::u16string password = Value(kFieldPwd); !password.empty()) {
-            tarvex->SetSystemDBPwd(DecodeNumberList(password, environment_.settingsCodec));
+            properties.systemDBPwd = DecodeNumberList(password, environment_.settingsCodec);
         }
-        tarvex->SetOptionCompact(Flag(kFieldCompact));
-        tarvex->SetOptionNoStartup(Flag(kFieldNoStartup));
-        tarvex->SetOptionReadOnly(Flag(kFieldReadOnly));
-        tarvex->SetOptionRepair(Flag(kFieldRepair));
-        tarvex->SetCmd(Value(kFieldCmd));
-        tarvex->SetMacro(Value(kFieldMacro));
-        tarvex->SetProfile(Value(kFieldProfile));
+        properties.optionCompact = Flag(kFieldCompact);
+        properties.optionNoStartup = Flag(kFieldNoStartup);
+        properties.optionReadOnly = Flag(kFieldReadOnly);
+        properties.optionRepair = Flag(kFieldRepair);
+        properties.cmd = Value(kFieldCmd);
+        properties.macro = Value(kFieldMacro);
+        properties.profile = Value(kFieldProfile);
         return tarvex;
     });
 }
 
+std::vector<std::u16string> pSettings::KeyList(const KeyListFields& list) const {
+    std::vector<std::u16string> entries;
+    for (const std::int32_t field : list.Numbers()) {
+        if (std::u16string entry = Value(field); !entry.empty()) {
+            entries.push_back(std::move(entry));
+        }
+    }
+    return entries;
+}
+
 void pSettings::BuildRegLists(cuTarvex& tarvex) const {
     AtPlace(u"pSettings: BuildRegLists", [&] {
-        for (const ListFields& fields : kListFields) {
-            for (std::int32_t field = fields.first; field <= fields.last; ++field) {
-                tarvex.RegListAdd(fields.kind, Value(field));
+        std::int32_t selector = 0;
+        for (const KeyListFields& list : kLaunchLists) {
+            for (const std::u16string& entry : KeyList(list)) {
+                tarvex.RegListAdd(selector, entry);
             }
+            ++selector;
         }
     });
 }
@@ -143,7 +144,7 @@ void pSettings::BuildRegLists(cuTarvex& tarvex) const {
 std::u16string pSettings::DebugInfo(const VersionResource& versions) const {
     return AtPlace(u"pSettings: DebugInfo", [&] {
         DebugReport report;
-        const std::u16string placeholder = appError_.MsgLoad(kMsgNotShown);
+        const std::u16string placeholder = appError_.MsgLoad(Message::NotShown);
         for (const cuBranding& item : Brand().Brandings()) {
             if (item.Index() != kFieldFileID) {
                 report.AddValue(item.Name(), ReportedValue(item, placeholder));

@@ -4,8 +4,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "branding/BrandConstants.h"
+#include "branding/BrandFields.h"
 #include "branding/cuBrand.h"
 #include "launch/LaunchEnvironment.h"
 
@@ -41,6 +43,10 @@ public:
     /// A launch object with all launch settings; the caller owns it. Raises runtime errors when
     /// user name or password cannot be read.
     std::unique_ptr<cuTarvex> InitTarvex() const;
+
+    /// The entries of a key list that are not empty, in their order. Before LoadSettings there are
+    /// none.
+    std::vector<std::u16string> KeyList(const KeyListFields& list) const;
 
     /// Hands the key lists that are not empty to the launch object.
     void BuildRegLists(cuTarvex& tarvex) const;

@@ -10,21 +10,20 @@
 namespace tarvex {
 namespace {
 
-constexpr std::int32_t kEntriesPerList = 10;
 constexpr std::u16string_view kAccessFile = u"msaccess.exe";
 
 /// A file that the launcher looks for: by a key list, or by a path and a file name.
 struct Target {
-    std::int32_t firstEntry;  ///< field of the first entry of its key list
+    KeyListFields list;
     std::int32_t path;
     std::int32_t fileName;  ///< 0: the file has a fixed name
     bool entriesAreLists;   ///< entries are joined to one list and divided at its marker
 };
 
-constexpr Target kAccess{kFieldAccRegList01, kFieldAccPath, 0, true};
-constexpr Target kDatabase{kFieldDBRegList01, kFieldDBPath, kFieldDBFilename, true};
-constexpr Target kWorkgroup{kFieldSysDBRegList01, kFieldSysDBPath, kFieldSysDBFilename, true};
-constexpr Target kPicture{kFieldPicRegList01, kFieldPicPath, kFieldPicFilename, false};
+constexpr Target kAccess{kAccRegList, kFieldAccPath, 0, true};
+constexpr Target kDatabase{kDBRegList, kFieldDBPath, kFieldDBFilename, true};
+constexpr Target kWorkgroup{kSysDBRegList, kFieldSysDBPath, kFieldSysDBFilename, true};
+constexpr Target kPicture{kPicRegList, kFieldPicPath, kFieldPicFilename, false};
 
 std::u16string Name(std::int32_t number) {
     return std::u16string(FindBrandField(number)->name);
@@ -66,18 +65,14 @@ private:
     }
 
     bool HasKeyList(const Target& target) const {
-        for (std::int32_t i = 0; i < kEntriesPerList; ++i) {
-            if (IsSet(target.firstEntry + i)) {
-                return true;
-            }
-        }
-        return false;
+        const auto numbers = target.list.Numbers();
+        return std::any_of(numbers.begin(), numbers.end(),
+                           [this](std::int32_t number) { return IsSet(number); });
     }
 
     void CheckKeyList(const Target& target) {
         const KeyListMarkers markers;
-        for (std::int32_t i = 0; i < kEntriesPerList; ++i) {
-            const std::int32_t number = target.firstEntry + i;
+        for (const std::int32_t number : target.list.Numbers()) {
             const std::u16string_view value = Value(number);
             if (value.empty()) {
                 continue;
@@ -102,11 +97,11 @@ private:
     void CheckEntry(const Target& target, std::int32_t number, std::u16string_view text) {
         const KeyListParse parse = ParseKeyListEntry(text);
         const std::u16string quoted = u"Der Eintrag '" + std::u16string(text) + u"' ";
-        if (parse.launchError == 8) {
+        if (parse.error == LaunchError::EntryWithoutHKey) {
             Report(number, quoted + u"beginnt nicht mit HKLM, HKCU, HKCR oder HKU.");
             return;
         }
-        if (parse.launchError != 0) {
+        if (parse.error) {
             Report(number, quoted +
                                u"ist kein Registrierungsschlüssel der Form "
                                u"HKLM\\Schlüssel\\Wertname.");
@@ -126,7 +121,7 @@ private:
                                u"nennt einen Unterordner, aber keinen Dateinamen; er führt nie "
                                u"zu einer Datei.");
         }
-        if (target.firstEntry == kFieldPicRegList01 && !entry.fileName.empty() &&
+        if (target.path == kFieldPicPath && !entry.fileName.empty() &&
             !IsPictureFile(entry.fileName)) {
             Report(number, u"Der Bildtyp von '" + entry.fileName +
                                u"' ist unbekannt; möglich sind .bmp und .jpg.");
@@ -140,8 +135,8 @@ private:
         for (const std::int32_t number : {target.path, target.fileName}) {
             if (number != 0 && IsSet(number)) {
                 Report(number, u"Der Wert wird nicht beachtet, weil die Schlüsselliste " +
-                                   Name(target.firstEntry) + u" bis " +
-                                   Name(target.firstEntry + kEntriesPerList - 1) +
+                                   Name(target.list.Field(1)) + u" bis " +
+                                   Name(target.list.Field(KeyListFields::kCount)) +
                                    u" Einträge hat.");
             }
         }

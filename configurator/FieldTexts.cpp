@@ -44,43 +44,38 @@ constexpr Meaning kMeanings[] = {
 };
 
 struct KeyListGroup {
-    std::int32_t first;
+    KeyListFields list;
     std::u16string_view what;
 };
 
 constexpr KeyListGroup kKeyListGroups[] = {
-    {kFieldAccRegList01, u"zu msaccess.exe"},
-    {kFieldDBRegList01, u"zur Datenbank"},
-    {kFieldPicRegList01, u"zum Startbild"},
-    {kFieldSysDBRegList01, u"zur Arbeitsgruppendatei"},
+    {kAccRegList, u"zu msaccess.exe"},
+    {kDBRegList, u"zur Datenbank"},
+    {kPicRegList, u"zum Startbild"},
+    {kSysDBRegList, u"zur Arbeitsgruppendatei"},
 };
 
-constexpr std::int32_t kApplication[] = {kFieldAppName, kFieldFileID, kFieldHCID, kFieldErrBoxText,
-                                         kFieldErrDebugText};
-constexpr std::int32_t kAccess[] = {kFieldAccPath,      kFieldAccRegList01, kFieldAccRegList02,
-                                    kFieldAccRegList03, kFieldAccRegList04, kFieldAccRegList05,
-                                    kFieldAccRegList06, kFieldAccRegList07, kFieldAccRegList08,
-                                    kFieldAccRegList09, kFieldAccRegList10, kFieldProfile};
-constexpr std::int32_t kDatabase[] = {kFieldDBPath,      kFieldDBFilename,  kFieldDBRegList01,
-                                      kFieldDBRegList02, kFieldDBRegList03, kFieldDBRegList04,
-                                      kFieldDBRegList05, kFieldDBRegList06, kFieldDBRegList07,
-                                      kFieldDBRegList08, kFieldDBRegList09, kFieldDBRegList10};
-constexpr std::int32_t kWorkgroup[] = {kFieldSysDBPath,      kFieldSysDBFilename,
-                                       kFieldSysDBRegList01, kFieldSysDBRegList02,
-                                       kFieldSysDBRegList03, kFieldSysDBRegList04,
-                                       kFieldSysDBRegList05, kFieldSysDBRegList06,
-                                       kFieldSysDBRegList07, kFieldSysDBRegList08,
-                                       kFieldSysDBRegList09, kFieldSysDBRegList10,
-                                       kFieldUser,           kFieldPwd};
-constexpr std::int32_t kOptions[] = {kFieldRuntime,   kFieldExclusive, kFieldReadOnly,
-                                     kFieldNoStartup, kFieldCompact,   kFieldRepair,
-                                     kFieldDecompile, kFieldMacro,     kFieldCmd};
-constexpr std::int32_t kPicture[] = {kFieldPicPath,      kFieldPicFilename,  kFieldPicDelay,
-                                     kFieldPicRegList01, kFieldPicRegList02, kFieldPicRegList03,
-                                     kFieldPicRegList04, kFieldPicRegList05, kFieldPicRegList06,
-                                     kFieldPicRegList07, kFieldPicRegList08, kFieldPicRegList09,
-                                     kFieldPicRegList10};
-constexpr std::int32_t kDiagnosis[] = {kFieldLog, kFieldEditPwd};
+template <std::size_t... counts>
+consteval auto Joined(const std::array<std::int32_t, counts>&... parts) {
+    std::array<std::int32_t, (counts + ...)> all{};
+    auto* end = all.data();
+    ((end = std::copy(parts.begin(), parts.end(), end)), ...);
+    return all;
+}
+
+constexpr std::array kApplication = {kFieldAppName, kFieldFileID, kFieldHCID, kFieldErrBoxText,
+                                     kFieldErrDebugText};
+constexpr auto kAccess =
+    Joined(std::array{kFieldAccPath}, kAccRegList.Numbers(), std::array{kFieldProfile});
+constexpr auto kDatabase = Joined(std::array{kFieldDBPath, kFieldDBFilename}, kDBRegList.Numbers());
+constexpr auto kWorkgroup = Joined(std::array{kFieldSysDBPath, kFieldSysDBFilename},
+                                   kSysDBRegList.Numbers(), std::array{kFieldUser, kFieldPwd});
+constexpr std::array kOptions = {kFieldRuntime,   kFieldExclusive, kFieldReadOnly,
+                                 kFieldNoStartup, kFieldCompact,   kFieldRepair,
+                                 kFieldDecompile, kFieldMacro,     kFieldCmd};
+constexpr auto kPicture =
+    Joined(std::array{kFieldPicPath, kFieldPicFilename, kFieldPicDelay}, kPicRegList.Numbers());
+constexpr std::array kDiagnosis = {kFieldLog, kFieldEditPwd};
 
 constexpr std::array<FieldSection, 7> kSections{{
     {u"Anwendung", u"Name und Texte, die der Benutzer sieht.", kApplication},
@@ -111,8 +106,8 @@ std::u16string FieldMeaning(const BrandField& field) {
         return std::u16string(found->text);
     }
     for (const KeyListGroup& group : kKeyListGroups) {
-        const std::int32_t position = field.number - group.first + 1;
-        if (position >= 1 && position <= 10) {
+        const std::int32_t position = field.number - group.list.first + 1;
+        if (position >= 1 && position <= KeyListFields::kCount) {
             return text::Decimal(position) + u". Eintrag der Schlüsselliste " +
                    std::u16string(group.what);
         }

@@ -6,11 +6,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::int32_t kMsgFileNotFound = 128;
-constexpr std::int32_t kMsgTopicNotOpened = 130;
-constexpr std::uint32_t kExclamationIcon = 48;
-constexpr std::uint32_t kCriticalIcon = 16;
-
 constexpr std::uint32_t kWinHelpContext = 1;    // HELP_CONTEXT
 constexpr std::uint32_t kHtmlHelpContext = 15;  // HH_HELP_CONTEXT
 
@@ -32,11 +27,11 @@ void Help::Open(WindowHandle owner, std::u16string_view path, std::int32_t conte
         return;
     }
     if (!files_.FileExists(path)) {
-        appError_.MsgShow(kMsgFileNotFound, kExclamationIcon, path);
+        appError_.MsgShow(Message::HelpFileNotFound, box_style::kExclamationIcon, path);
     } else if (isWinHelp) {
         api_.CallWinHelp(owner, path, kWinHelpContext, context);
     } else if (!api_.CallHtmlHelp(owner, path, kHtmlHelpContext, context)) {
-        appError_.MsgShow(kMsgTopicNotOpened, kCriticalIcon, path, context);
+        appError_.MsgShow(Message::HelpTopicNotOpened, box_style::kStopIcon, path, context);
     }
 }
 

@@ -11,22 +11,22 @@ namespace tarvex {
 
 namespace {
 
-std::int32_t NumberOf(FileProblem problem) {
+RuntimeError ErrorOf(FileProblem problem) {
     switch (problem) {
         case FileProblem::NotFound:
-            return runtime_error::kFileNotFound;
+            return RuntimeError::FileNotFound;
         case FileProblem::PathNotFound:
-            return runtime_error::kPathNotFound;
+            return RuntimeError::PathNotFound;
         case FileProblem::AccessDenied:
-            return runtime_error::kPathFileAccess;
+            return RuntimeError::PathFileAccess;
         case FileProblem::InUse:
-            return runtime_error::kPermissionDenied;
+            return RuntimeError::PermissionDenied;
         case FileProblem::DiskFull:
-            return runtime_error::kDiskFull;
+            return RuntimeError::DiskFull;
         case FileProblem::Device:
             break;
     }
-    return runtime_error::kDeviceIo;
+    return RuntimeError::DeviceIo;
 }
 
 }  // namespace
@@ -41,13 +41,13 @@ RaisedError CurrentError() {
     } catch (const RaisedError& error) {
         return error;
     } catch (const FileFailure& failure) {
-        return RuntimeError(NumberOf(failure.problem));
+        return MakeError(ErrorOf(failure.problem));
     } catch (const std::bad_alloc&) {
-        return RuntimeError(runtime_error::kOutOfMemory);
+        return MakeError(RuntimeError::OutOfMemory);
     } catch (const std::exception& exception) {
-        return RuntimeError(runtime_error::kInternal, text::FromUtf8(exception.what()));
+        return MakeError(RuntimeError::Internal, text::FromUtf8(exception.what()));
     } catch (...) {
-        return RuntimeError(runtime_error::kInternal);
+        return MakeError(RuntimeError::Internal);
     }
 }
 

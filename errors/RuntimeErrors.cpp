@@ -4,51 +4,52 @@ namespace tarvex {
 
 namespace {
 
-std::u16string_view TextOf(std::int32_t number) {
-    switch (number) {
-        case runtime_error::kInvalidCall:
+std::u16string_view TextOf(RuntimeError error) {
+    switch (error) {
+        case RuntimeError::InvalidCall:
             return u"Ungültiger Prozeduraufruf oder ungültiges Argument";
-        case runtime_error::kOverflow:
+        case RuntimeError::Overflow:
             return u"Überlauf";
-        case runtime_error::kOutOfMemory:
+        case RuntimeError::OutOfMemory:
             return u"Nicht genügend Speicher";
-        case runtime_error::kIndexOutOfRange:
+        case RuntimeError::IndexOutOfRange:
             return u"Index außerhalb des gültigen Bereichs";
-        case runtime_error::kTypeMismatch:
+        case RuntimeError::TypeMismatch:
             return u"Typen unverträglich";
-        case runtime_error::kBadFileNumber:
+        case RuntimeError::BadFileNumber:
             return u"Dateiname oder -nummer falsch";
-        case runtime_error::kFileNotFound:
+        case RuntimeError::FileNotFound:
             return u"Datei nicht gefunden";
-        case runtime_error::kDeviceIo:
+        case RuntimeError::DeviceIo:
             return u"E/A-Fehler";
-        case runtime_error::kDiskFull:
+        case RuntimeError::DiskFull:
             return u"Datenträger voll";
-        case runtime_error::kPermissionDenied:
+        case RuntimeError::PermissionDenied:
             return u"Zugriff verweigert";
-        case runtime_error::kPathFileAccess:
+        case RuntimeError::PathFileAccess:
             return u"Fehler beim Zugriff auf Pfad/Datei";
-        case runtime_error::kPathNotFound:
+        case RuntimeError::PathNotFound:
             return u"Pfad nicht gefunden";
-        case runtime_error::kObjectNotSet:
+        case RuntimeError::ObjectNotSet:
             return u"Objektvariable nicht festgelegt";
-        case runtime_error::kDuplicateKey:
+        case RuntimeError::DuplicateKey:
             return u"Dieser Schlüssel ist bereits einem Element dieser Auflistung zugeordnet";
-        default:
-            return u"Interner Fehler";
+        case RuntimeError::Internal:
+            break;
     }
+    return u"Interner Fehler";
 }
 
 }  // namespace
 
-RaisedError RuntimeError(std::int32_t number, std::u16string_view detail) {
-    RaisedError error;
-    error.number = number;
-    error.description = TextOf(number);
-    if (number == runtime_error::kInternal && !detail.empty()) {
-        error.description.append(u": ").append(detail);
+RaisedError MakeError(RuntimeError error, std::u16string_view detail) {
+    RaisedError raised;
+    raised.number = NumberOf(error);
+    raised.description = TextOf(error);
+    if (error == RuntimeError::Internal && !detail.empty()) {
+        raised.description.append(u": ").append(detail);
     }
-    return error;
+    return raised;
 }
 
 }  // namespace tarvex

@@ -7,28 +7,33 @@
 
 namespace tarvex {
 
-/// Numbers of the errors that are no application errors: what a failing conversion, collection or
-/// file operation raises.
-namespace runtime_error {
-inline constexpr std::int32_t kInvalidCall = 5;
-inline constexpr std::int32_t kOverflow = 6;
-inline constexpr std::int32_t kOutOfMemory = 7;
-inline constexpr std::int32_t kIndexOutOfRange = 9;
-inline constexpr std::int32_t kTypeMismatch = 13;
-inline constexpr std::int32_t kInternal = 51;
-inline constexpr std::int32_t kBadFileNumber = 52;
-inline constexpr std::int32_t kFileNotFound = 53;
-inline constexpr std::int32_t kDeviceIo = 57;
-inline constexpr std::int32_t kDiskFull = 61;
-inline constexpr std::int32_t kPermissionDenied = 70;
-inline constexpr std::int32_t kPathFileAccess = 75;
-inline constexpr std::int32_t kPathNotFound = 76;
-inline constexpr std::int32_t kObjectNotSet = 91;
-inline constexpr std::int32_t kDuplicateKey = 457;
-}  // namespace runtime_error
+/// Errors that are not of the application: what a failing conversion, collection or file operation
+/// raises. They are raised under their own numbers.
+enum class RuntimeError : std::int32_t {
+    InvalidCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    IndexOutOfRange = 9,
+    TypeMismatch = 13,
+    Internal = 51,
+    BadFileNumber = 52,
+    FileNotFound = 53,
+    DeviceIo = 57,
+    DiskFull = 61,
+    PermissionDenied = 70,
+    PathFileAccess = 75,
+    PathNotFound = 76,
+    ObjectNotSet = 91,
+    DuplicateKey = 457,
+};
 
-/// The runtime error of that number with its German text and no source; `detail` follows the text
-/// of an internal error.
-RaisedError RuntimeError(std::int32_t number, std::u16string_view detail = {});
+/// The number under which the error is raised.
+constexpr std::int32_t NumberOf(RuntimeError error) {
+    return static_cast<std::int32_t>(error);
+}
+
+/// The error with its German text and no source, ready to be thrown; `detail` follows the text of
+/// an internal error.
+RaisedError MakeError(RuntimeError error, std::u16string_view detail = {});
 
 }  // namespace tarvex

@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::u16string_view kPlaceSeparator = u" | ";
 constexpr std::u16string_view kMarker = u"##";
-constexpr std::uint32_t kCriticalIcon = 16;
 
 /// base + number + offset, or the number itself when that leaves 32 bits.
 std::int32_t RaisedNumber(std::int32_t number, std::int32_t offset) {
@@ -32,6 +31,12 @@ std::u16string InBrackets(std::int32_t line) {
 cuAppError::cuAppError(Ui& ui, const StringTable& texts, const ProgramInfo& program)
     : ui_(ui), texts_(texts), program_(program), appName_(kAppTitle), projectname_(kAppTitle) {}
 
+void cuAppError::RaiseMessage(Message message, const MsgParam& param1, const MsgParam& param2) {
+    RaisedError error;
+    error.number = -static_cast<std::int32_t>(message);
+    Throw(Compose(std::move(error), {}, param1, param2));
+}
+
 void cuAppError::ErrRaise(std::int32_t& number, std::u16string& source,
                           std::u16string_view procedure, std::u16string& description,
                           const MsgParam& param1, const MsgParam& param2, std::int32_t helpContext,
@@ -40,33 +45,30 @@ void cuAppError::ErrRaise(std::int32_t& number, std::u16string& source,
         ClearPending();
         return;
     }
-    Raise(number, source, procedure, description, param1, param2, helpContext, std::move(helpFile));
+    RaisedError error = Compose({number, source, description, std::move(helpFile), helpContext, 0},
+                                procedure, param1, param2);
+    number = error.number;
+    source = error.source;
+    description = error.description;
+    Throw(std::move(error));
 }
 
-void cuAppError::RaiseMessage(std::int32_t messageNumber, const MsgParam& param1,
-                              const MsgParam& param2) {
-    std::int32_t number = -messageNumber;
-    std::u16string source;
-    std::u16string description;
-    Raise(number, source, {}, description, param1, param2, 0, {});
-}
-
-void cuAppError::Raise(std::int32_t& number, std::u16string& source, std::u16string_view procedure,
-                       std::u16string& description, const MsgParam& param1, const MsgParam& param2,
-                       std::int32_t helpContext, std::u16string helpFile) {
+RaisedError cuAppError::Compose(RaisedError raised, std::u16string_view procedure,
+                                const MsgParam& param1, const MsgParam& param2) {
     const std::u16string pendingSource(PendingSource());
     const RaisedError pending = pending_.value_or(RaisedError());
     ClearPending();
 
-    if (number < 0) {
+    std::u16string& description = raised.description;
+    if (raised.number < 0) {
         try {
-            description = MessageText(number);
+            description = MessageText(raised.number);
         } catch (const RaisedError&) {
             // The error on its way matters more than a text that is missing: the description stays.
         }
-        number = RaisedNumber(number, errOffset_);
-    } else if (number == 0) {
-        number = pending.number;
+        raised.number = RaisedNumber(raised.number, errOffset_);
+    } else if (raised.number == 0) {
+        raised.number = pending.number;
     }
 
     // A pending description is final: markers in it are part of an inserted path.
@@ -75,23 +77,24 @@ void cuAppError::Raise(std::int32_t& number, std::u16string& source, std::u16str
         description = u"Keine Fehlerbeschreibung verfügbar.";
     }
 
-    if (source.empty()) {
-        source = pendingSource;
-    } else if (!pendingSource.empty()) {
-        source.insert(0, pendingSource + std::u16string(kPlaceSeparator));
-    }
+    std::u16string source = pendingSource;
+    text::AppendWithSeparator(source, raised.source, kPlaceSeparator, true);
     if (!procedure.empty()) {
         text::AppendWithSeparator(source, procedure, u": ");
         if (pending.line != 0) {
             source += InBrackets(pending.line);
         }
     }
-    if (helpContext >= 1 && helpFile.empty()) {
-        helpFile = HelpFileInProgramFolder();
+    raised.source = std::move(source);
+    if (raised.helpContext >= 1 && raised.helpFile.empty()) {
+        raised.helpFile = HelpFileInProgramFolder();
     }
+    return raised;
+}
 
+void cuAppError::Throw(RaisedError error) {
     ui_.SetPointerDefault();
-    throw RaisedError{number, source, description, std::move(helpFile), helpContext, 0};
+    throw RaisedError(std::move(error));
 }
 
 void cuAppError::ErrStore() {
@@ -99,7 +102,7 @@ void cuAppError::ErrStore() {
 }
 
 void cuAppError::ErrRaiseStored(std::u16string& source, std::u16string_view procedure) {
-    // The separator stands even behind an empty stored source.
+    // Kept: the separator stands even after an empty stored source, and reports are known by it.
     source =
         source.empty() ? stored_.source : stored_.source + std::u16string(kPlaceSeparator) + source;
     if (!procedure.empty()) {
@@ -109,8 +112,12 @@ void cuAppError::ErrRaiseStored(std::u16string& source, std::u16string_view proc
         source +=
             source.empty() ? u"Zeile " + text::Decimal(stored_.line) : InBrackets(stored_.line);
     }
-    ui_.SetPointerDefault();
-    throw RaisedError{stored_.number, source, stored_.description, {}, 0, 0};
+    Throw({stored_.number, source, stored_.description, {}, 0, 0});
+}
+
+std::u16string cuAppError::MsgLoad(Message message, const MsgParam& param1,
+                                   const MsgParam& param2) const {
+    return MsgLoad(static_cast<std::int32_t>(message), param1, param2);
 }
 
 std::u16string cuAppError::MsgLoad(std::int32_t number, const MsgParam& param1,
@@ -130,12 +137,15 @@ std::u16string cuAppError::MsgParse(std::u16string_view text, const MsgParam& pa
     return result;
 }
 
+int cuAppError::MsgShow(Message message, std::uint32_t buttons, const MsgParam& param1,
+                        const MsgParam& param2) {
+    return Show({MsgLoad(message, param1, param2), appName_, buttons, {}, -1});
+}
+
 int cuAppError::MsgShow(std::int32_t number, std::uint32_t& buttons, const MsgParam& param1,
                         const MsgParam& param2, std::u16string& text, std::u16string& title,
                         std::u16string& helpFile, std::int32_t& helpContext) {
     text = text.empty() ? MsgLoad(number, param1, param2) : MsgParse(text, param1, param2);
-    const bool wasDefault = ui_.PointerIsDefault();
-    ui_.SetPointerDefault();
     if (title.empty()) {
         title = appName_;
     }
@@ -144,23 +154,26 @@ int cuAppError::MsgShow(std::int32_t number, std::uint32_t& buttons, const MsgPa
             helpFile = HelpFileInProgramFolder();
         }
         if (!helpFile.empty()) {
-            buttons |= kHelpButton;
+            buttons |= box_style::kHelpButton;
         }
     }
-    const int button = ui_.ShowMessageBox({text, title, buttons, helpFile, helpContext});
+    return Show({text, title, buttons, helpFile, helpContext});
+}
+
+int cuAppError::Show(const MessageBoxRequest& box) {
+    const bool wasDefault = ui_.PointerIsDefault();
+    ui_.SetPointerDefault();
+    const int button = ui_.ShowMessageBox(box);
     if (!wasDefault) {
         ui_.SetPointerBusy();
     }
     return button;
 }
 
-int cuAppError::MsgShow(std::int32_t number, std::uint32_t buttons, const MsgParam& param1,
-                        const MsgParam& param2) {
-    std::u16string text;
-    std::u16string title;
+void cuAppError::ErrMsg(std::u16string_view module, std::u16string_view procedure) {
     std::u16string helpFile;
     std::int32_t helpContext = -1;
-    return MsgShow(number, buttons, param1, param2, text, title, helpFile, helpContext);
+    ErrMsg(module, procedure, helpFile, helpContext);
 }
 
 void cuAppError::ErrMsg(std::u16string_view module, std::u16string_view procedure,
@@ -179,9 +192,9 @@ void cuAppError::ErrMsg(std::u16string_view module, std::u16string_view procedur
     }
     message += pending.description;
 
-    std::uint32_t style = kCriticalIcon;
+    std::uint32_t style = box_style::kStopIcon;
     if (helpContext > -1) {
-        style |= kHelpButton;
+        style |= box_style::kHelpButton;
         if (helpFile.empty()) {
             helpFile = HelpFileInProgramFolder();
         }
@@ -189,12 +202,6 @@ void cuAppError::ErrMsg(std::u16string_view module, std::u16string_view procedur
     ui_.SetPointerDefault();
     ui_.ShowMessageBox({message, appName_ + u" <Fehler Nr. " + text::Decimal(pending.number) + u">",
                         style, helpFile, helpContext});
-}
-
-void cuAppError::ErrMsg(std::u16string_view module, std::u16string_view procedure) {
-    std::u16string helpFile;
-    std::int32_t helpContext = -1;
-    ErrMsg(module, procedure, helpFile, helpContext);
 }
 
 std::u16string cuAppError::PendingPlace(std::u16string_view module,
@@ -210,7 +217,7 @@ std::u16string cuAppError::MessageText(std::int32_t number) const {
     const std::int64_t key = std::abs(std::int64_t{number});
     if (msgArray_) {
         if (static_cast<std::uint64_t>(key) >= msgArray_->size()) {
-            throw RuntimeError(runtime_error::kIndexOutOfRange);
+            throw MakeError(RuntimeError::IndexOutOfRange);
         }
         return (*msgArray_)[static_cast<std::size_t>(key)];
     }

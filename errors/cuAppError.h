@@ -11,6 +11,7 @@
 #include "platform/ProgramInfo.h"
 #include "platform/StringTable.h"
 #include "platform/Ui.h"
+#include "resources/Messages.h"
 
 namespace tarvex {
 
@@ -24,8 +25,6 @@ class cuAppError {
 public:
     /// Added to every (negative) message number that is raised: the base of application errors.
     static constexpr std::int32_t kNumberBase = -2147221504;  // 0x80040000
-    /// Flag of the message box style that adds the help button.
-    static constexpr std::uint32_t kHelpButton = 0x4000;
 
     using MessageList = std::optional<std::vector<std::u16string>>;
 
@@ -64,11 +63,14 @@ public:
     void SetPending(const RaisedError& error) { pending_ = error; }
     void ClearPending() { pending_.reset(); }
 
+    /// Raises a message as an error with no place of its own: its number is kNumberBase - message
+    /// number + ErrOffset(), its source that of the pending error, which is cleared.
+    [[noreturn]] void RaiseMessage(Message message, const MsgParam& param1 = {},
+                                   const MsgParam& param2 = {});
+
     /// Raises an error as RaisedError and clears the pending one.
-    /// - number: negative: a message number; the number raised is kNumberBase + number +
-    /// ErrOffset()
-    ///   and the description is the message's text. Positive: raised as it is. 0: passes the
-    ///   pending error on; without one nothing is raised.
+    /// - number: negative: a message number, as for RaiseMessage. Positive: raised as it is. 0:
+    ///   passes the pending error on; without one nothing is raised.
     /// - source: class name or empty; becomes the pending source, " | ", source, ": ", procedure
     ///   and, with a procedure, the pending line in brackets.
     /// - description: filled with the parameters when not empty, otherwise the pending one.
@@ -79,10 +81,6 @@ public:
                   const MsgParam& param2 = {}, std::int32_t helpContext = 0,
                   std::u16string helpFile = {});
 
-    /// Raises the message with that (positive) number, with no place of its own.
-    [[noreturn]] void RaiseMessage(std::int32_t messageNumber, const MsgParam& param1 = {},
-                                   const MsgParam& param2 = {});
-
     /// Keeps the pending error for ErrRaiseStored.
     void ErrStore();
 
@@ -90,8 +88,12 @@ public:
     /// source. source receives what is raised.
     [[noreturn]] void ErrRaiseStored(std::u16string& source, std::u16string_view procedure);
 
-    /// The message's text, filled; empty when there is none. The sign of the number does not
-    /// matter. Raises runtime error 9 for a number outside MsgArray().
+    /// The message's text, filled; empty when there is none.
+    std::u16string MsgLoad(Message message, const MsgParam& param1 = {},
+                           const MsgParam& param2 = {}) const;
+
+    /// The same for a number, whose sign does not matter. Raises runtime error 9 for a number
+    /// outside MsgArray().
     std::u16string MsgLoad(std::int32_t number, const MsgParam& param1 = {},
                            const MsgParam& param2 = {}) const;
 
@@ -100,8 +102,13 @@ public:
     static std::u16string MsgParse(std::u16string_view text, const MsgParam& param1 = {},
                                    const MsgParam& param2 = {});
 
-    /// Shows a message and returns the button pressed (IDOK 1, ...).
-    /// - buttons: MB_... flags; receives the help button's when there is a help file to show.
+    /// Shows a message under the title AppName(), without help. `buttons` are flags of box_style.
+    /// Returns the button pressed (IDOK 1, ...).
+    int MsgShow(Message message, std::uint32_t buttons, const MsgParam& param1 = {},
+                const MsgParam& param2 = {});
+
+    /// The same with everything left to the caller.
+    /// - buttons: receives the help button's flag when there is a help file to show.
     /// - text: shown, filled, instead of the numbered message when not empty; receives what is
     ///   shown.
     /// - title: empty becomes AppName().
@@ -110,17 +117,13 @@ public:
                 const MsgParam& param2, std::u16string& text, std::u16string& title,
                 std::u16string& helpFile, std::int32_t& helpContext);
 
-    /// The same for a numbered message without help, under the title AppName().
-    int MsgShow(std::int32_t number, std::uint32_t buttons, const MsgParam& param1 = {},
-                const MsgParam& param2 = {});
+    /// Shows the pending error with the place module, ": ", procedure, without help.
+    void ErrMsg(std::u16string_view module, std::u16string_view procedure);
 
-    /// Shows the pending error with the place module, ": ", procedure. With a helpContext above -1
-    /// the box has a help button, and an empty helpFile becomes the program's.
+    /// The same; with a helpContext above -1 the box has a help button, and an empty helpFile
+    /// becomes the program's.
     void ErrMsg(std::u16string_view module, std::u16string_view procedure, std::u16string& helpFile,
                 std::int32_t& helpContext);
-
-    /// The same without help.
-    void ErrMsg(std::u16string_view module, std::u16string_view procedure);
 
     /// The pending error's source extended by " | ", module and ": ", procedure, each part only
     /// when it is not empty.
@@ -130,10 +133,15 @@ private:
     std::u16string MessageText(std::int32_t number) const;
     std::u16string_view PendingSource() const;
     std::u16string HelpFileInProgramFolder() const;
-    [[noreturn]] void Raise(std::int32_t& number, std::u16string& source,
-                            std::u16string_view procedure, std::u16string& description,
-                            const MsgParam& param1, const MsgParam& param2,
-                            std::int32_t helpContext, std::u16string helpFile);
+
+    /// The error that `raised` (number, source, description, helpFile and helpContext as for
+    /// ErrRaise) becomes at `procedure`. Takes the pending error.
+    RaisedError Compose(RaisedError raised, std::u16string_view procedure, const MsgParam& param1,
+                        const MsgParam& param2);
+    [[noreturn]] void Throw(RaisedError error);
+
+    /// Shows the box with the default pointer and restores the busy one.
+    int Show(const MessageBoxRequest& box);
 
     Ui& ui_;
     const StringTable& texts_;

@@ -10,9 +10,6 @@ constexpr std::uintptr_t kTimerId = 88;
 /// Long enough for the box to be the active window.
 constexpr unsigned kRenameAfter = 25;
 
-constexpr std::uint32_t kAbortRetryIgnore = 2;
-constexpr std::uint32_t kYesNo = 4;
-
 enum SystemButton { Failed, Ok, Cancel, Abort, Retry, Ignore, Yes, No };
 
 int PositionOf(int systemButton) {
@@ -54,9 +51,9 @@ int muCoolBox::Show(WindowHandle owner, std::u16string_view text, std::u16string
 
 std::uint32_t muCoolBox::ButtonSet() const {
     if (!captions_[2].empty()) {
-        return kAbortRetryIgnore;
+        return box_style::kAbortRetryIgnore;
     }
-    return captions_[1].empty() ? 0 : kYesNo;
+    return captions_[1].empty() ? 0 : box_style::kYesNo;
 }
 
 void muCoolBox::StopTimer() {

@@ -30,14 +30,15 @@ std::optional<std::u16string> Candidate(DiagnosticLog& log, const KeyListEntry& 
     return path.append(kExecutable);
 }
 
-constexpr KeyListRules kRules = {
-    Candidate, u"Access-EXE: ", u"Access-EXE: Nicht vorhanden an dieser Position",
-    launch_error::kAccessListInvalid, launch_error::kAccessListUnresolved};
+constexpr KeyListRules kRules = {Candidate, u"-", u"Access-EXE: ",
+                                 u"Access-EXE: Nicht vorhanden an dieser Position"};
 
 std::u16string FromKeyList(LaunchRun& run) {
-    KeyListResult result = ResolveKeyList(run, run.properties.accRegListString, kRules);
-    if (result.launchError != 0) {
-        run.Raise(result.launchError, kProcedure);
+    KeyListResult result =
+        ResolveKeyList(run, run.properties.accRegListString, kRules,
+                       {LaunchError::AccessListInvalid, LaunchError::AccessListUnresolved});
+    if (result.error) {
+        run.Raise(*result.error, kProcedure);
     }
     return std::move(result.path);
 }
@@ -82,7 +83,7 @@ OfficeKeys KeysOfVersion(std::int32_t version) {
 
 std::u16string FromOfficeKeys(LaunchRun& run) {
     run.log.AddLog(u"Office-Schlüssel wird verwendet");
-    const OfficeKeys office = KeysOfVersion(run.properties.accVersion);
+    const OfficeKeys office = KeysOfVersion(run.accVersion);
     for (const std::u16string_view key : office.keys) {
         run.log.AddLog(std::u16string(u"Schlüssel: ").append(key));
         const std::u16string value =
@@ -95,7 +96,7 @@ std::u16string FromOfficeKeys(LaunchRun& run) {
         }
     }
     run.log.AddLog(u"Pfad konnte nicht ermittelt werden");
-    run.Raise(launch_error::kAccessPathNotInRegistry, kProcedure);
+    run.Raise(LaunchError::AccessPathNotInRegistry, kProcedure);
 }
 
 std::u16string FindExecutable(LaunchRun& run) {
@@ -114,7 +115,7 @@ std::u16string ResolveAccess(LaunchRun& run) {
         run.log.AddLog(u"Access-EXE: OK");
     } else {
         run.log.AddLog(u"Datei existiert nicht: " + path);
-        run.RaiseOrNote(launch_error::kAccessNotFound, kProcedure, path);
+        run.RaiseOrNote(LaunchError::AccessNotFound, kProcedure, path);
     }
     return Quote(path);
 }

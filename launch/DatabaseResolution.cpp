@@ -9,13 +9,17 @@ namespace tarvex {
 
 namespace {
 
+// Kept: the prefixes keep their own colon and blank, so that some lines show two colons. Support
+// reads the log by these lines.
+
 /// What the searches for the database and for the workgroup database have in common, with the
 /// texts and errors in which they differ.
 struct DatabaseKind {
     std::u16string_view procedure;  ///< name of the step in the source of its errors
     std::u16string_view prefix;     ///< stands before paths in the log: "Datenbank: "
     KeyListRules listRules;
-    std::int32_t notFoundError;  ///< launch error for a path without a file
+    KeyListErrors listErrors;
+    LaunchError notFoundError;  ///< of a path without a file
 };
 
 /// The path that a key list entry of a database and the text stored for it stand for.
@@ -47,9 +51,9 @@ std::optional<std::u16string> DatabaseCandidate(DiagnosticLog& log, const KeyLis
 /// mode it notes them and returns nothing.
 std::optional<std::u16string> ResolveDatabaseList(LaunchRun& run, const DatabaseKind& kind,
                                                   std::u16string_view list) {
-    KeyListResult result = ResolveKeyList(run, list, kind.listRules);
-    if (result.launchError != 0) {
-        run.RaiseOrNote(result.launchError, kind.procedure);
+    KeyListResult result = ResolveKeyList(run, list, kind.listRules, kind.listErrors);
+    if (result.error) {
+        run.RaiseOrNote(*result.error, kind.procedure);
         return std::nullopt;
     }
     return std::move(result.path);
@@ -83,9 +87,9 @@ void CheckDatabaseFile(LaunchRun& run, const DatabaseKind& kind, const std::u16s
 constexpr DatabaseKind kDatabase = {
     u"GetDBPath",
     u"Datenbank: ",
-    {DatabaseCandidate, u"Datenbank: ", u"Datenbank: : Nicht vorhanden an dieser Position",
-     launch_error::kDatabaseListInvalid, launch_error::kDatabaseListUnresolved},
-    launch_error::kDatabaseNotFound};
+    {DatabaseCandidate, u"-", u"Datenbank: ", u"Datenbank: : Nicht vorhanden an dieser Position"},
+    {LaunchError::DatabaseListInvalid, LaunchError::DatabaseListUnresolved},
+    LaunchError::DatabaseNotFound};
 
 /// The database named like the launcher in its folder; empty when there is none.
 std::u16string SearchOwnName(LaunchRun& run) {
@@ -122,9 +126,9 @@ bool NeedsDatabase(const LaunchProperties& properties) {
 constexpr DatabaseKind kSystemDatabase = {
     u"GetSystemDB",
     u"SysDB: ",
-    {DatabaseCandidate, u"SysDB: ", u"SysDB: : Nicht vorhanden an dieser Position",
-     launch_error::kSystemDatabaseListInvalid, launch_error::kSystemDatabaseListUnresolved},
-    launch_error::kSystemDatabaseNotFound};
+    {DatabaseCandidate, u"-", u"SysDB: ", u"SysDB: : Nicht vorhanden an dieser Position"},
+    {LaunchError::SystemDatabaseListInvalid, LaunchError::SystemDatabaseListUnresolved},
+    LaunchError::SystemDatabaseNotFound};
 
 std::u16string ConfiguredPath(LaunchRun& run) {
     const LaunchProperties& properties = run.properties;
@@ -164,7 +168,7 @@ std::u16string ResolveDatabase(LaunchRun& run) {
         run.log.AddLog(
             u"Datenbank nicht angegeben, aber eine der Optionen /Runtime, /ReadOnly, /Compact, "
             u"/Repair /Decompile/Macro/Cmd");
-        run.RaiseOrNote(launch_error::kDatabaseNeeded, kDatabase.procedure);
+        run.RaiseOrNote(LaunchError::DatabaseNeeded, kDatabase.procedure);
     }
     return path;
 }

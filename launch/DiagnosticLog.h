@@ -21,7 +21,4 @@ private:
     std::u16string text_;
 };
 
-/// How the log shows a field that may be empty: "-" for an empty one, any other text as it is.
-std::u16string_view DashIfEmpty(std::u16string_view text);
-
 }  // namespace tarvex

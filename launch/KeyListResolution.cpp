@@ -7,63 +7,82 @@ namespace tarvex {
 
 namespace {
 
-std::u16string Line(std::u16string_view label, std::u16string_view value) {
-    return std::u16string(label).append(value);
+void AddLine(DiagnosticLog& log, std::u16string_view label, std::u16string_view value) {
+    log.AddLog(std::u16string(label).append(value));
 }
 
-void LogFields(DiagnosticLog& log, const KeyListEntry& entry) {
-    log.AddLog(Line(u" - HKey: ", DashIfEmpty(HKeyName(entry.root))));
-    log.AddLog(Line(u" - Schlüssel: ", DashIfEmpty(entry.keyPath)));
-    log.AddLog(Line(u" - Wertname: ", DashIfEmpty(entry.valueName)));
-    log.AddLog(Line(u" - Unterordner: ", DashIfEmpty(entry.subFolder)));
-    log.AddLog(Line(u" - Dateiname: ", DashIfEmpty(entry.fileName)));
+void LogFields(DiagnosticLog& log, const KeyListEntry& entry, std::u16string_view emptyField) {
+    const auto add = [&](std::u16string_view label, std::u16string_view field) {
+        AddLine(log, label, field.empty() ? emptyField : field);
+    };
+    add(u" - HKey: ", HKeyName(entry.root));
+    add(u" - Schlüssel: ", entry.keyPath);
+    add(u" - Wertname: ", entry.valueName);
+    add(u" - Unterordner: ", entry.subFolder);
+    add(u" - Dateiname: ", entry.fileName);
 }
 
 /// The path of the file that an entry leads to; nothing when it leads to none.
-std::optional<std::u16string> ResolveEntry(LaunchRun& run, const std::u16string& text,
-                                           const KeyListRules& rules) {
-    run.log.AddLog(Line(u"Gespeicherter Wert: ", text));
-    const KeyListParse parse = ParseKeyListEntry(text, run.properties.markers);
-    if (parse.launchError != 0) {
-        run.log.AddLog(LaunchErrorText(parse.launchError, run.environment.program.exeName, text));
+std::optional<std::u16string> ResolveEntry(const LaunchEnvironment& environment,
+                                           const KeyListMarkers& markers, DiagnosticLog& log,
+                                           const std::u16string& text, const KeyListRules& rules) {
+    AddLine(log, u"Gespeicherter Wert: ", text);
+    const KeyListParse parse = ParseKeyListEntry(text, markers);
+    if (parse.error) {
+        log.AddLog(LaunchErrorText(*parse.error, environment.program.exeName, text));
         return std::nullopt;
     }
     const KeyListEntry& entry = parse.entry;
-    LogFields(run.log, entry);
+    LogFields(log, entry, rules.emptyField);
     const std::u16string value =
-        ReadRegistryText(run.environment, entry.root, entry.keyPath, entry.valueName);
+        ReadRegistryText(environment, entry.root, entry.keyPath, entry.valueName);
     if (value.empty()) {
-        run.log.AddLog(u"Schlüsselinhalt: <nicht vorhanden oder kein Inhalt>");
+        log.AddLog(u"Schlüsselinhalt: <nicht vorhanden oder kein Inhalt>");
         return std::nullopt;
     }
-    run.log.AddLog(Line(u"Schlüsselinhalt: ", value));
-    std::optional<std::u16string> path = rules.candidate(run.log, entry, value);
-    if (path) {
-        run.log.AddLog(Line(rules.pathPrefix, *path));
-        if (!run.environment.files.FileExists(*path)) {
-            run.log.AddLog(rules.missingLine);
-            path.reset();
-        }
+    AddLine(log, u"Schlüsselinhalt: ", value);
+    std::optional<std::u16string> path = rules.candidate(log, entry, value);
+    if (!path) {
+        return std::nullopt;
+    }
+    if (!rules.pathPrefix.empty()) {
+        AddLine(log, rules.pathPrefix, *path);
+    }
+    if (!environment.files.FileExists(*path)) {
+        log.AddLog(rules.missingLine);
+        return std::nullopt;
     }
     return path;
 }
 
 }  // namespace
 
-KeyListResult ResolveKeyList(LaunchRun& run, std::u16string_view list, const KeyListRules& rules) {
-    run.log.AddLog(u"Schlüsselliste wird aufgelöst");
-    const auto entries = text::SplitList(list, run.properties.markers.list);
-    if (entries.empty()) {
-        run.log.AddLog(u"Schlüsselliste konnte nicht aufgelöst werden");
-        return {{}, rules.invalidError};
-    }
+std::optional<std::u16string> WalkKeyList(const LaunchEnvironment& environment,
+                                          const KeyListMarkers& markers, DiagnosticLog& log,
+                                          const std::vector<std::u16string>& entries,
+                                          const KeyListRules& rules) {
+    log.AddLog(u"Schlüsselliste wird aufgelöst");
     for (const std::u16string& entry : entries) {
-        if (auto path = ResolveEntry(run, entry, rules)) {
-            return {std::move(*path), 0};
+        if (auto path = ResolveEntry(environment, markers, log, entry, rules)) {
+            return path;
         }
     }
+    return std::nullopt;
+}
+
+KeyListResult ResolveKeyList(LaunchRun& run, std::u16string_view list, const KeyListRules& rules,
+                             const KeyListErrors& errors) {
+    const KeyListMarkers& markers = run.properties.markers;
+    const auto entries = text::SplitList(list, markers.list);
+    if (auto path = WalkKeyList(run.environment, markers, run.log, entries, rules)) {
+        return {std::move(*path), std::nullopt};
+    }
+    if (entries.empty()) {
+        run.log.AddLog(u"Schlüsselliste konnte nicht aufgelöst werden");
+        return {{}, errors.invalid};
+    }
     run.log.AddLog(u"Pfad konnte nicht ermittelt werden");
-    return {{}, rules.unresolvedError};
+    return {{}, errors.unresolved};
 }
 
 }  // namespace tarvex

@@ -1,34 +1,47 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "launch/LaunchRun.h"
 
 namespace tarvex {
 
-/// What a step makes of the entries of its key list.
+/// What a walk through a key list makes of its entries, and how the log tells it.
 struct KeyListRules {
-    /// The path that an entry and the text stored for it stand for; nothing when they name none.
-    /// Writes what it does to the log.
+    /// The path that an entry and the text stored for it stand for; nothing when they name none or
+    /// one that is not accepted. Writes what it does to the log.
     std::optional<std::u16string> (*candidate)(DiagnosticLog& log, const KeyListEntry& entry,
                                                const std::u16string& value);
-    std::u16string_view pathPrefix;   ///< stands before the path in the log
+    std::u16string_view emptyField;   ///< how the log shows an empty field of an entry
+    std::u16string_view pathPrefix;   ///< stands before a path in the log; empty: it is not logged
     std::u16string_view missingLine;  ///< log line for a path without a file
-    std::int32_t invalidError;        ///< launch error of a list that cannot be divided
-    std::int32_t unresolvedError;     ///< launch error when no entry leads to a file
+};
+
+/// Tries the entries in order up to the first that leads to an existing file, and logs every step.
+/// Returns the file's path; nothing when no entry leads to one. An entry that cannot be read is
+/// logged and passed over; what follows the entry that is taken is neither read nor logged.
+std::optional<std::u16string> WalkKeyList(const LaunchEnvironment& environment,
+                                          const KeyListMarkers& markers, DiagnosticLog& log,
+                                          const std::vector<std::u16string>& entries,
+                                          const KeyListRules& rules);
+
+/// The launch errors of a step's key list.
+struct KeyListErrors {
+    LaunchError invalid;     ///< it has no entries
+    LaunchError unresolved;  ///< no entry leads to a file
 };
 
 /// What resolving a key list came to.
 struct KeyListResult {
-    std::u16string path;           ///< of an existing file; empty on failure
-    std::int32_t launchError = 0;  ///< 0: found; otherwise the code to raise
+    std::u16string path;               ///< of an existing file; empty on failure
+    std::optional<LaunchError> error;  ///< none: found
 };
 
-/// Walks through the entries of a list in order up to the first that leads to an existing file,
-/// and logs every step. An entry that cannot be read is logged and passed over.
-KeyListResult ResolveKeyList(LaunchRun& run, std::u16string_view list, const KeyListRules& rules);
+/// Divides a list at its markers and walks through it.
+KeyListResult ResolveKeyList(LaunchRun& run, std::u16string_view list, const KeyListRules& rules,
+                             const KeyListErrors& errors);
 
 }  // namespace tarvex

@@ -58,20 +58,36 @@ bool InsertValue(std::u16string& text, std::u16string_view value) {
     if (position == std::u16string::npos) {
         return false;
     }
-    // So many replacements reach every placeholder of the texts above.
+    // Kept: as many replacements as the placeholder's position plus 3. It reaches every placeholder
+    // of the texts above, so that the first value takes them all, as users' reports show it.
     text = text::Replace(text, kPlaceholder, value, position + 3);
     return true;
 }
 
+[[noreturn]] void RaiseAt(const LaunchEnvironment& environment, RaisedError error,
+                          std::u16string_view procedure) {
+    if (!procedure.empty()) {
+        error.source.append(u": ").append(procedure);
+        if (error.line != 0) {
+            error.source.append(u" (").append(text::Decimal(error.line)).append(u")");
+        }
+    }
+    if (!environment.ui.PointerIsDefault()) {
+        environment.ui.SetPointerDefault();
+    }
+    throw RaisedError(std::move(error));
+}
+
 }  // namespace
 
-std::u16string LaunchErrorText(std::int32_t code, std::u16string_view exeName,
+std::u16string LaunchErrorText(LaunchError error, std::u16string_view exeName,
                                LaunchErrorValue value1, LaunchErrorValue value2) {
+    const auto code = static_cast<std::int32_t>(error);
     if (code < 1 || code > static_cast<std::int32_t>(std::size(kTexts))) {
         return {};
     }
     std::u16string text(kTexts[code - 1]);
-    if (code == launch_error::kDatabaseNeeded) {
+    if (error == LaunchError::DatabaseNeeded) {
         const bool slash = exeName.find(u'\\') == std::u16string_view::npos;
         text.append(FileNamePart(exeName, slash))
             .append(u".mdb/mde/mda' im Programmpfad befinden.");
@@ -88,40 +104,22 @@ std::u16string FillLaunchErrorText(std::u16string_view text, LaunchErrorValue va
     return result;
 }
 
-void RaiseLaunchError(const LaunchEnvironment& environment, std::int32_t number,
-                      std::u16string_view source, std::u16string_view procedure,
-                      std::u16string_view description, LaunchErrorValue value1,
+void RaiseLaunchError(const LaunchEnvironment& environment, LaunchError error,
+                      std::u16string_view procedure, LaunchErrorValue value1,
                       LaunchErrorValue value2) {
-    RaisedError error;
-    if (number >= 0) {
-        error = CurrentError();
-        if (!source.empty()) {
-            error.source = source;
-        } else if (error.source.empty()) {
-            // An exception of the C++ library names no place: it counts as the application's own.
-            error.source = kAppTitle;
-        }
-    } else {
-        error.number = LaunchErrorNumber(-number);
-        error.description = LaunchErrorText(-number, environment.program.exeName, value1, value2);
-        error.source = kAppTitle;
-        if (!source.empty()) {
-            error.source.append(u"/").append(source);
-        }
+    RaisedError raised;
+    raised.number = NumberOf(error);
+    raised.source = std::u16string(kAppTitle).append(u"/cuTarvex");
+    raised.description = LaunchErrorText(error, environment.program.exeName, value1, value2);
+    RaiseAt(environment, std::move(raised), procedure);
+}
+
+void PassOnLaunchError(const LaunchEnvironment& environment, std::u16string_view procedure) {
+    RaisedError raised = CurrentError();
+    if (raised.source.empty()) {
+        raised.source = kAppTitle;
     }
-    if (!description.empty()) {
-        error.description = description;
-    }
-    if (!procedure.empty()) {
-        error.source.append(u": ").append(procedure);
-        if (error.line != 0) {
-            error.source.append(u" (").append(text::Decimal(error.line)).append(u")");
-        }
-    }
-    if (!environment.ui.PointerIsDefault()) {
-        environment.ui.SetPointerDefault();
-    }
-    throw RaisedError(std::move(error));
+    RaiseAt(environment, std::move(raised), procedure);
 }
 
 }  // namespace tarvex

@@ -2,15 +2,15 @@
 
 namespace tarvex {
 
-void LaunchRun::Raise(std::int32_t code, std::u16string_view procedure,
+void LaunchRun::Raise(LaunchError error, std::u16string_view procedure,
                       LaunchErrorValue value) const {
-    RaiseLaunchError(environment, -code, u"cuTarvex", procedure, {}, value);
+    RaiseLaunchError(environment, error, procedure, value);
 }
 
-void LaunchRun::RaiseOrNote(std::int32_t code, std::u16string_view procedure,
+void LaunchRun::RaiseOrNote(LaunchError error, std::u16string_view procedure,
                             LaunchErrorValue value) const {
     if (!properties.testMode) {
-        Raise(code, procedure, value);
+        Raise(error, procedure, value);
     }
     testModeError = true;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
 #include "launch/DiagnosticLog.h"
@@ -15,15 +14,16 @@ namespace tarvex {
 struct LaunchRun {
     const LaunchEnvironment& environment;
     const LaunchProperties& properties;
+    std::int32_t accVersion;  ///< as cuTarvex::AccVersion
     DiagnosticLog& log;
     bool& testModeError;
 
-    /// Raises the launch error of that code in the name of a step.
-    [[noreturn]] void Raise(std::int32_t code, std::u16string_view procedure,
+    /// Raises a launch error in the name of a step.
+    [[noreturn]] void Raise(LaunchError error, std::u16string_view procedure,
                             LaunchErrorValue value = std::nullopt) const;
 
     /// As Raise; in test mode the failure is only noted, and the step goes on.
-    void RaiseOrNote(std::int32_t code, std::u16string_view procedure,
+    void RaiseOrNote(LaunchError error, std::u16string_view procedure,
                      LaunchErrorValue value = std::nullopt) const;
 };
 

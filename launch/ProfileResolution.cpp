@@ -25,7 +25,7 @@ bool ProfileExists(const LaunchRun& run, std::u16string_view key) {
 
 void VerifyProfile(LaunchRun& run) {
     // A version that is not set uses the keys of the oldest Office, as the Access path does.
-    const std::int32_t version = run.properties.accVersion;
+    const std::int32_t version = run.accVersion;
     const std::u16string_view key = ProfileKey(version == -1 ? 0 : version);
     run.log.AddLog(std::u16string(u"Schlüssel: ").append(key));
     if (ProfileExists(run, key)) {
@@ -33,7 +33,7 @@ void VerifyProfile(LaunchRun& run) {
         return;
     }
     run.log.AddLog(u"Profil ist nicht vorhanden");
-    run.RaiseOrNote(launch_error::kProfileNotFound, u"GetProfile", run.properties.profile);
+    run.RaiseOrNote(LaunchError::ProfileNotFound, u"GetProfile", run.properties.profile);
 }
 
 }  // namespace

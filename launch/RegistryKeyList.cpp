@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "launch/LaunchErrors.h"
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
 
@@ -37,9 +36,9 @@ std::u16string_view CutAtMarker(std::u16string_view& text, std::u16string_view m
     return field;
 }
 
-KeyListParse Failed(std::int32_t launchError) {
+KeyListParse Failed(LaunchError error) {
     KeyListParse result;
-    result.launchError = launchError;
+    result.error = error;
     return result;
 }
 
@@ -61,17 +60,17 @@ std::int32_t HKeyFromName(std::u16string_view name) {
 }
 
 KeyListParse ParseKeyListEntry(std::u16string_view entry, const KeyListMarkers& markers) {
-    // The file name goes first: a sub-folder mark behind its mark belongs to the file name.
+    // The file name goes first: a sub-folder mark after its mark belongs to the file name.
     const std::u16string_view fileName = CutAtMarker(entry, markers.fileName);
     const std::u16string_view subFolder = CutAtMarker(entry, markers.subFolder);
     const std::u16string_view fullKey = FolderPart(entry);
     const std::size_t rootEnd = fullKey.find(u'\\');
     if (rootEnd == kNone) {
-        return Failed(launch_error::kEntryInvalid);
+        return Failed(LaunchError::EntryInvalid);
     }
     const std::int32_t root = HKeyFromName(text::Left(fullKey, rootEnd));
     if (root == kNoHKey) {
-        return Failed(launch_error::kEntryWithoutHKey);
+        return Failed(LaunchError::EntryWithoutHKey);
     }
     KeyListParse result;
     result.entry.root = root;
@@ -100,7 +99,7 @@ std::u16string BuildKeyListEntry(const KeyListEntry& entry, const KeyListMarkers
 std::u16string ReadRegistryText(const LaunchEnvironment& environment, std::int32_t root,
                                 std::u16string_view keyPath, std::u16string_view valueName) {
     if (root == kNoHKey) {
-        RaiseLaunchError(environment, -launch_error::kHKeyMissing, u"cuTarvex", {});
+        RaiseLaunchError(environment, LaunchError::HKeyMissing);
     }
     const auto bytes = environment.registry.ReadText(root, keyPath, valueName);
     if (!bytes) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "launch/LaunchEnvironment.h"
+#include "launch/LaunchErrors.h"
 
 namespace tarvex {
 
@@ -26,8 +28,8 @@ struct KeyListMarkers {
 
 /// What reading an entry gave.
 struct KeyListParse {
-    KeyListEntry entry;            ///< as a new one when the entry could not be read
-    std::int32_t launchError = 0;  ///< 0: read; otherwise the code of the launch error (4 or 8)
+    KeyListEntry entry;                ///< as a new one when the entry could not be read
+    std::optional<LaunchError> error;  ///< EntryInvalid or EntryWithoutHKey; none: it was read
 };
 
 /// Short name of a root key ("HKLM"); empty for any other number.
@@ -37,7 +39,7 @@ std::u16string_view HKeyName(std::int32_t root);
 std::int32_t HKeyFromName(std::u16string_view name);
 
 /// Splits "HKLM\KEY\VALUE[sub-folder mark SUBFOLDER][file-name mark FILE]" into its fields. Never
-/// raises: the walk through a list goes on behind an entry that cannot be read.
+/// raises: the walk through a list goes on after an entry that cannot be read.
 KeyListParse ParseKeyListEntry(std::u16string_view entry, const KeyListMarkers& markers = {});
 
 /// The reverse of ParseKeyListEntry. Empty when the entry's root is no root key.

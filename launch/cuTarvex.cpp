@@ -10,7 +10,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::u16string_view kClass = u"cuTarvex";
 constexpr std::int32_t kVersionCount = 4;
 
 /// The list that a selector stands for; null for an unknown selector.
@@ -29,16 +28,12 @@ std::u16string LaunchProperties::*ListOf(std::int32_t selector) {
 
 }  // namespace
 
-cuTarvex::cuTarvex(const LaunchEnvironment& environment) : environment_(environment) {
-    SetDefaults();
-}
-
 void cuTarvex::SetAccVersion(std::int32_t value) {
     if (value >= kVersionCount) {
-        RaiseLaunchError(environment_, -launch_error::kAccVersionNotAllowed, kClass,
-                         u"AccVersion (Let)", {}, text::Decimal(value));
+        RaiseLaunchError(environment_, LaunchError::AccVersionNotAllowed, u"AccVersion (Let)",
+                         text::Decimal(value));
     }
-    properties_.accVersion = value;
+    accVersion_ = value;
 }
 
 std::u16string cuTarvex::RegProfileKey(std::int32_t version) {
@@ -51,7 +46,7 @@ bool cuTarvex::GetCommandLine() {
     debugLog_.Clear();
     testModeError_ = false;
     try {
-        LaunchRun run{environment_, properties_, debugLog_, testModeError_};
+        LaunchRun run{environment_, properties_, accVersion_, debugLog_, testModeError_};
         ResolvedParts parts;
         parts.access = ResolveAccess(run);
         if (parts.access.empty()) {
@@ -65,7 +60,8 @@ bool cuTarvex::GetCommandLine() {
         commandLineHiddenUserPW_ = std::move(lines.hiddenUserPW);
         return true;
     } catch (...) {
-        RaiseLaunchError(environment_, 0, {}, u": GetCommandLine");
+        // Kept: the colon before the name gives two in the report, by which users know the place.
+        PassOnLaunchError(environment_, u": GetCommandLine");
     }
 }
 
@@ -86,7 +82,7 @@ void cuTarvex::RegListAdd(std::int32_t selector, std::u16string_view entry) {
 std::vector<std::u16string> cuTarvex::RegListArray(std::int32_t selector) const {
     const auto list = ListOf(selector);
     if (list == nullptr) {
-        RaiseLaunchError(environment_, -launch_error::kValueNotAllowed, kClass, u"RegListArray", {},
+        RaiseLaunchError(environment_, LaunchError::ValueNotAllowed, u"RegListArray",
                          text::Decimal(selector));
     }
     return text::SplitList(properties_.*list, properties_.markers.list);
@@ -101,27 +97,26 @@ std::u16string cuTarvex::RegListBuild(std::u16string_view keyPath, std::u16strin
     if (rootNumber == kNoHKey && !rootName.empty()) {
         entry.root = HKeyFromName(rootName);
         if (entry.root == kNoHKey) {
-            RaiseLaunchError(environment_, -launch_error::kValueNotAllowed, kClass, kProcedure, {},
-                             rootName);
+            RaiseLaunchError(environment_, LaunchError::ValueNotAllowed, kProcedure, rootName);
         }
     }
     std::u16string text = BuildKeyListEntry(entry, properties_.markers);
     if (text.empty()) {
-        RaiseLaunchError(environment_, -launch_error::kHKeyMissing, kClass, kProcedure);
+        RaiseLaunchError(environment_, LaunchError::HKeyMissing, kProcedure);
     }
     return text;
 }
 
 KeyListEntry cuTarvex::RegListParse(std::u16string_view entry) const {
     KeyListParse parse = ParseKeyListEntry(entry, properties_.markers);
-    if (parse.launchError != 0) {
-        RaiseLaunchError(environment_, -parse.launchError, kClass, u"RegListParse", {}, entry);
+    if (parse.error) {
+        RaiseLaunchError(environment_, *parse.error, u"RegListParse", entry);
     }
     return std::move(parse.entry);
 }
 
 void cuTarvex::SetDefaults() {
-    properties_.accVersion = 0;
+    accVersion_ = 0;
     properties_.markers = KeyListMarkers();
     properties_.optionCompact = false;
     properties_.optionExclusive = false;

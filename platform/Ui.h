@@ -8,12 +8,21 @@ namespace tarvex {
 /// A window of the system (HWND); null: none.
 using WindowHandle = void*;
 
+/// Flags of the system's message box: what the boxes of the program are made of.
+namespace box_style {
+inline constexpr std::uint32_t kAbortRetryIgnore = 2;
+inline constexpr std::uint32_t kYesNo = 4;
+inline constexpr std::uint32_t kStopIcon = 16;
+inline constexpr std::uint32_t kExclamationIcon = 48;
+inline constexpr std::uint32_t kHelpButton = 0x4000;
+}  // namespace box_style
+
 /// A call of the system's message box.
 struct MessageBoxRequest {
     std::u16string text;
     std::u16string title;
-    std::uint32_t style = 0;  ///< the system's MB_... flags: icon, buttons, help button 0x4000
-    std::u16string helpFile;  ///< for the help button; empty: none
+    std::uint32_t style = 0;        ///< box_style and other MB_... flags of the system
+    std::u16string helpFile;        ///< for the help button; empty: none
     std::int32_t helpContext = -1;  ///< topic for the help button
 };
 

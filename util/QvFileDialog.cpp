@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::u16string_view kStartFolder = u"c:\\";
 constexpr std::u16string_view kAllFiles = u"Alle Dateien (*.*)|*.*";
-constexpr std::uint32_t kStopIcon = 16;
-constexpr std::uint32_t kExclamationIcon = 48;
 constexpr std::uint32_t kOpenFlags = 0x1804;  // file and path must exist, no read-only box
 constexpr std::uint32_t kSaveFlags = 0x0806;  // path must exist, overwrite prompt, no read-only box
 constexpr std::uint32_t kFileSystemFoldersOnly = 1;
@@ -70,7 +68,7 @@ std::uint32_t QvFileDialog::CheckFlags(std::u16string_view intention) {
     MessageBoxRequest box;
     box.text = std::u16string(u"Unbekannte Intention: ").append(intention);
     box.title = u"Z_CheckFlags";
-    box.style = kStopIcon;
+    box.style = box_style::kStopIcon;
     ui_.ShowMessageBox(box);
     return 0;
 }
@@ -92,7 +90,7 @@ ChosenFile QvFileDialog::ShowDialog(const FileDialogOptions& options, std::u16st
         MessageBoxRequest box;
         box.text = failure;
         box.title = std::u16string(u"Error: Show").append(intention);
-        box.style = kExclamationIcon;
+        box.style = box_style::kExclamationIcon;
         ui_.ShowMessageBox(box);
         return {};
     }

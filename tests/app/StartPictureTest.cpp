@@ -110,11 +110,12 @@ TEST_F(StartPictureTest, MissingPictureIsReportedAndNotShown) {
 
 TEST_F(StartPictureTest, KeyListWinsOverFolderAndName) {
     files.AddFile(u"C:\\Prog\\Bild.bmp");
-    EXPECT_EQ(ResolveLists({{kFieldPicFilename, u"Bild.bmp"}, {kFieldPicRegList03, u"HKCU\\A\\B"}}),
-              std::u16string(kListHeading) +
-                  u"Gespeicherter Wert: HKCU\\A\\B\r\n - HKey: HKCU\r\n - Schlüssel: A\r\n"
-                  u" - Wertname: B\r\n - Unterordner: \r\n - Dateiname: \r\n"
-                  u"Schlüsselinhalt: <nicht vorhanden oder kein Inhalt>");
+    EXPECT_EQ(
+        ResolveLists({{kFieldPicFilename, u"Bild.bmp"}, {kPicRegList.Field(3), u"HKCU\\A\\B"}}),
+        std::u16string(kListHeading) +
+            u"Gespeicherter Wert: HKCU\\A\\B\r\n - HKey: HKCU\r\n - Schlüssel: A\r\n"
+            u" - Wertname: B\r\n - Unterordner: \r\n - Dateiname: \r\n"
+            u"Schlüsselinhalt: <nicht vorhanden oder kein Inhalt>");
     EXPECT_EQ(picture.Path(), u"");
     EXPECT_EQ(picture.Delay(), 0);
 }
@@ -123,7 +124,7 @@ TEST_F(StartPictureTest, SubFolderAndNameAreAppendedStepByStep) {
     registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Bilder", "C:\\Bilder");
     files.AddFile(u"C:\\Bilder\\Neu\\Start.bmp");
     EXPECT_EQ(
-        ResolveLists({{kFieldPicRegList01,
+        ResolveLists({{kPicRegList.Field(1),
                        u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Firma\\Bilder%|SubDir|%Neu%|Filename%|"
                        u"Start.bmp"}}),
         std::u16string(kListHeading)
@@ -143,7 +144,7 @@ TEST_F(StartPictureTest, FirstExistingPictureEndsTheWalk) {
     registry.SetTextZ(kHKeyCurrentUser, u"A", u"B", "C:\\Bilder\\Neu\\Start.bmp");
     files.AddFile(u"C:\\Bilder\\Neu\\Start.bmp");
     EXPECT_TRUE(
-        ResolveLists({{kFieldPicRegList02, u"HKCU\\A\\B"}, {kFieldPicRegList04, u"HKCU\\C\\D"}})
+        ResolveLists({{kPicRegList.Field(2), u"HKCU\\A\\B"}, {kPicRegList.Field(4), u"HKCU\\C\\D"}})
             .ends_with(kFound));
     EXPECT_EQ(registry.log, std::vector<std::u16string>{u"read HKCU\\A\\B"});
     EXPECT_EQ(picture.Report().find(u"HKCU\\C\\D"), std::u16string::npos);
@@ -155,7 +156,7 @@ protected:
     std::u16string Rest(std::u16string_view tail, const std::string& value) {
         registry.SetTextZ(kHKeyCurrentUser, u"A", u"B", value);
         const std::u16string entry = u"HKCU\\A\\B" + std::u16string(tail);
-        const std::u16string report = ResolveLists({{kFieldPicRegList10, entry}});
+        const std::u16string report = ResolveLists({{kPicRegList.Field(10), entry}});
         const std::u16string_view name = u"\r\n - Dateiname: ";
         const std::size_t line = report.find(name);
         return line == std::u16string::npos
@@ -202,9 +203,9 @@ TEST_F(StartPictureEntryTest, ExtensionIsComparedWithoutRegardToCase) {
 TEST_F(StartPictureTest, EntryThatCannotBeReadIsReportedAndTheNextOneTried) {
     registry.SetTextZ(kHKeyCurrentUser, u"A", u"B", "C:\\Bilder\\Neu\\Start.bmp");
     files.AddFile(u"C:\\Bilder\\Neu\\Start.bmp");
-    const std::u16string report = ResolveLists({{kFieldPicRegList01, u"Unsinn"},
-                                                {kFieldPicRegList02, u"FOO\\Key\\Value"},
-                                                {kFieldPicRegList03, u"HKCU\\A\\B"}});
+    const std::u16string report = ResolveLists({{kPicRegList.Field(1), u"Unsinn"},
+                                                {kPicRegList.Field(2), u"FOO\\Key\\Value"},
+                                                {kPicRegList.Field(3), u"HKCU\\A\\B"}});
     EXPECT_TRUE(report.starts_with(
         std::u16string(kListHeading) +
         u"Gespeicherter Wert: Unsinn\r\n"
@@ -219,18 +220,18 @@ TEST_F(StartPictureTest, EntryThatCannotBeReadIsReportedAndTheNextOneTried) {
 }
 
 TEST_F(StartPictureTest, FieldIsOneEntryEvenWithAListMarkInIt) {
-    ResolveLists({{kFieldPicRegList01, u"HKCU\\A\\B%|%HKCU\\C\\D"}});
+    ResolveLists({{kPicRegList.Field(1), u"HKCU\\A\\B%|%HKCU\\C\\D"}});
     EXPECT_EQ(registry.log, std::vector<std::u16string>{u"read HKCU\\A\\B%|%HKCU\\C\\D"});
 }
 
 TEST_F(StartPictureTest, HasPicRegListsLooksAtAllTenFields) {
-    for (int field = kFieldPicRegList01; field <= kFieldPicRegList10; ++field) {
+    for (const std::int32_t field : kPicRegList.Numbers()) {
         const FakeBrandConstants constants(Values{{field, u"x"}});
         pSettings settings(constants, appError, environment);
         settings.LoadSettings();
         EXPECT_TRUE(StartPicture::HasPicRegLists(settings));
     }
-    const FakeBrandConstants constants(Values{{kFieldPicPath, u"x"}, {kFieldAccRegList01, u"x"}});
+    const FakeBrandConstants constants(Values{{kFieldPicPath, u"x"}, {kAccRegList.Field(1), u"x"}});
     pSettings settings(constants, appError, environment);
     settings.LoadSettings();
     EXPECT_FALSE(StartPicture::HasPicRegLists(settings));

@@ -72,9 +72,9 @@ TEST(BrandFieldsTest, NamedNumbersAreThoseOfTheFields) {
         std::int32_t number;
         std::u16string_view name;
     } named[] = {{kFieldAppName, u"AppName"},
-                 {kFieldAccRegList10, u"AccRegList10"},
-                 {kFieldDBRegList05, u"DBRegList05"},
-                 {kFieldPicRegList01, u"PicRegList01"},
+                 {kAccRegList.Field(10), u"AccRegList10"},
+                 {kDBRegList.Field(5), u"DBRegList05"},
+                 {kPicRegList.Field(1), u"PicRegList01"},
                  {kFieldUser, u"User"},
                  {kFieldPwd, u"Pwd"},
                  {kFieldNoStartup, u"NoStartup"},

@@ -165,7 +165,7 @@ TEST_F(ScramblingTest, PartThatIsNoNumberIsATypeMismatch) {
 
 TEST_F(ScramblingTest, NumberAbove255IsAnInvalidCall) {
     for (const std::u16string_view list : {u"256", u"300", u"42#99999999999"}) {
-        EXPECT_EQ(ErrorOf([&] { Decode(list); }).number, runtime_error::kInvalidCall);
+        EXPECT_EQ(ErrorOf([&] { Decode(list); }).number, NumberOf(RuntimeError::InvalidCall));
     }
     EXPECT_EQ(Decode(u"255").size(), 1U);
 }

@@ -148,33 +148,35 @@ TEST_F(pSettingsTest, TextsReachTheLaunchObject) {
           {kFieldMacro, u"Anfang"},
           {kFieldProfile, u"Büro"}});
     const auto tarvex = settings.InitTarvex();
-    EXPECT_EQ(tarvex->AccPath(), u"C:\\Office");
-    EXPECT_EQ(tarvex->DBFilename(), u"Kunden.mdb");
-    EXPECT_EQ(tarvex->DBPath(), u"Daten");
-    EXPECT_EQ(tarvex->SystemDBFilename(), u"System.mdw");
-    EXPECT_EQ(tarvex->SystemDBPath(), u"..\\System");
-    EXPECT_EQ(tarvex->Cmd(), u"los");
-    EXPECT_EQ(tarvex->Macro(), u"Anfang");
-    EXPECT_EQ(tarvex->Profile(), u"Büro");
+    EXPECT_EQ(tarvex->Properties().accPath, u"C:\\Office");
+    EXPECT_EQ(tarvex->Properties().dbFilename, u"Kunden.mdb");
+    EXPECT_EQ(tarvex->Properties().dbPath, u"Daten");
+    EXPECT_EQ(tarvex->Properties().systemDBFilename, u"System.mdw");
+    EXPECT_EQ(tarvex->Properties().systemDBPath, u"..\\System");
+    EXPECT_EQ(tarvex->Properties().cmd, u"los");
+    EXPECT_EQ(tarvex->Properties().macro, u"Anfang");
+    EXPECT_EQ(tarvex->Properties().profile, u"Büro");
     EXPECT_EQ(tarvex->AccVersion(), 0);
-    EXPECT_FALSE(tarvex->VerifyProfile());
-    EXPECT_FALSE(tarvex->TestMode());
+    EXPECT_FALSE(tarvex->Properties().verifyProfile);
+    EXPECT_FALSE(tarvex->Properties().testMode);
 }
 
 TEST_F(pSettingsTest, EachFlagSetsItsOwnOption) {
     const struct {
         std::int32_t field;
-        bool (cuTarvex::*option)() const;
-    } flags[] = {
-        {kFieldExclusive, &cuTarvex::OptionExclusive}, {kFieldRuntime, &cuTarvex::OptionRuntime},
-        {kFieldDecompile, &cuTarvex::OptionDecompile}, {kFieldCompact, &cuTarvex::OptionCompact},
-        {kFieldNoStartup, &cuTarvex::OptionNoStartup}, {kFieldReadOnly, &cuTarvex::OptionReadOnly},
-        {kFieldRepair, &cuTarvex::OptionRepair}};
+        bool LaunchProperties::*option;
+    } flags[] = {{kFieldExclusive, &LaunchProperties::optionExclusive},
+                 {kFieldRuntime, &LaunchProperties::optionRuntime},
+                 {kFieldDecompile, &LaunchProperties::optionDecompile},
+                 {kFieldCompact, &LaunchProperties::optionCompact},
+                 {kFieldNoStartup, &LaunchProperties::optionNoStartup},
+                 {kFieldReadOnly, &LaunchProperties::optionReadOnly},
+                 {kFieldRepair, &LaunchProperties::optionRepair}};
     for (const auto& set : flags) {
         Load({{set.field, u"1"}});
         const auto tarvex = settings.InitTarvex();
         for (const auto& asked : flags) {
-            EXPECT_EQ((tarvex.get()->*asked.option)(), asked.field == set.field)
+            EXPECT_EQ(tarvex->Properties().*asked.option, asked.field == set.field)
                 << set.field << " " << asked.field;
         }
     }
@@ -183,15 +185,15 @@ TEST_F(pSettingsTest, EachFlagSetsItsOwnOption) {
 TEST_F(pSettingsTest, CredentialsAreDecoded) {
     Load({{kFieldUser, u"Meier"}, {kFieldPwd, u"a/b #€"}});
     const auto tarvex = settings.InitTarvex();
-    EXPECT_EQ(tarvex->SystemDBUser(), u"Meier");
-    EXPECT_EQ(tarvex->SystemDBPwd(), u"a/b #€");
+    EXPECT_EQ(tarvex->Properties().systemDBUser, u"Meier");
+    EXPECT_EQ(tarvex->Properties().systemDBPwd, u"a/b #€");
 }
 
 TEST_F(pSettingsTest, PasswordWithoutUserIsPassedOn) {
     Load({{kFieldPwd, u"geheim"}});
     const auto tarvex = settings.InitTarvex();
-    EXPECT_EQ(tarvex->SystemDBUser(), u"");
-    EXPECT_EQ(tarvex->SystemDBPwd(), u"geheim");
+    EXPECT_EQ(tarvex->Properties().systemDBUser, u"");
+    EXPECT_EQ(tarvex->Properties().systemDBPwd, u"geheim");
 }
 
 TEST_F(pSettingsTest, CredentialThatCannotBeReadIsAnError) {
@@ -210,21 +212,21 @@ TEST_F(pSettingsTest, CredentialThatCannotBeReadIsAnError) {
 }
 
 TEST_F(pSettingsTest, KeyListsAreAddedInOrderWithoutGaps) {
-    Load({{kFieldAccRegList10, u"HKLM\\A\\10"},
-          {kFieldAccRegList01, u"HKLM\\A\\1"},
-          {kFieldDBRegList05, u"HKLM\\D\\5"},
-          {kFieldSysDBRegList02, u"HKLM\\S\\2"},
-          {kFieldSysDBRegList03, u"HKLM\\S\\3"},
-          {kFieldPicRegList01, u"HKLM\\P\\1"}});
+    Load({{kAccRegList.Field(10), u"HKLM\\A\\10"},
+          {kAccRegList.Field(1), u"HKLM\\A\\1"},
+          {kDBRegList.Field(5), u"HKLM\\D\\5"},
+          {kSysDBRegList.Field(2), u"HKLM\\S\\2"},
+          {kSysDBRegList.Field(3), u"HKLM\\S\\3"},
+          {kPicRegList.Field(1), u"HKLM\\P\\1"}});
     const auto tarvex = settings.InitTarvex();
-    EXPECT_EQ(tarvex->AccRegListString(), u"HKLM\\A\\1%|%HKLM\\A\\10");
-    EXPECT_EQ(tarvex->DBRegListString(), u"HKLM\\D\\5");
-    EXPECT_EQ(tarvex->SystemDBRegListString(), u"HKLM\\S\\2%|%HKLM\\S\\3");
+    EXPECT_EQ(tarvex->Properties().accRegListString, u"HKLM\\A\\1%|%HKLM\\A\\10");
+    EXPECT_EQ(tarvex->Properties().dbRegListString, u"HKLM\\D\\5");
+    EXPECT_EQ(tarvex->Properties().systemDBRegListString, u"HKLM\\S\\2%|%HKLM\\S\\3");
     EXPECT_EQ(tarvex->RegListArray(1), std::vector<std::u16string>{u"HKLM\\D\\5"});
 }
 
 TEST_F(pSettingsTest, FieldWithTwoEntriesActsAsTwo) {
-    Load({{kFieldDBRegList01, u"HKLM\\D\\1%|%HKLM\\D\\2"}, {kFieldDBRegList02, u"HKLM\\D\\3"}});
+    Load({{kDBRegList.Field(1), u"HKLM\\D\\1%|%HKLM\\D\\2"}, {kDBRegList.Field(2), u"HKLM\\D\\3"}});
     EXPECT_EQ(settings.InitTarvex()->RegListArray(1),
               (std::vector<std::u16string>{u"HKLM\\D\\1", u"HKLM\\D\\2", u"HKLM\\D\\3"}));
 }
@@ -242,8 +244,8 @@ TEST_F(pSettingsTest, MissingKeyListNamesEveryPlaceOnTheWay) {
 TEST_F(pSettingsTest, EachLaunchObjectIsNew) {
     Load({});
     const auto first = settings.InitTarvex();
-    first->SetCmd(u"geändert");
-    EXPECT_EQ(settings.InitTarvex()->Cmd(), u"");
+    first->Properties().cmd = u"geändert";
+    EXPECT_EQ(settings.InitTarvex()->Properties().cmd, u"");
 }
 
 class DebugInfoTest : public pSettingsTest {

@@ -21,7 +21,7 @@ protected:
         return settings;
     }
 
-    BrandWriter Writer() { return {world_.store, world_.files, world_.codec}; }
+    BrandWriter Writer() { return {world_.store, world_.codec}; }
 
     ConfiguratorWorld world_;
 };
@@ -122,8 +122,8 @@ TEST_F(BrandWriterTest, WhateverCallFailsTheOldFileStaysAndNoCopyIsLeft) {
             ConfiguratorWorld world;
             world.files.AddFile(u"K.exe", "alt");
             (inStore ? world.store.failCall : world.files.failCall) = call;
-            const Problems problems = BrandWriter(world.store, world.files, world.codec)
-                                          .Brand(u"T.exe", u"K.exe", settings);
+            const Problems problems =
+                BrandWriter(world.store, world.codec).Brand(u"T.exe", u"K.exe", settings);
             EXPECT_EQ(world.store.LeftBehind(), 0U) << call;
             const std::size_t calls = inStore ? world.store.log.size() : world.files.log.size();
             if (calls < call) {

@@ -38,14 +38,14 @@ TEST(ChecksTest, NothingIsWrongWithASensibleConfiguration) {
                      {kFieldHCID, u"100"},
                      {kFieldErrBoxText, u"a\r\nb"}}),
               Texts());
-    EXPECT_EQ(Check({{kFieldAccRegList01, u"HKLM\\SOFTWARE\\A\\"},
-                     {kFieldDBRegList02, u"hkey_current_user\\A\\B%|SubDir|%x%|Filename%|y.mdb"},
+    EXPECT_EQ(Check({{kAccRegList.Field(1), u"HKLM\\SOFTWARE\\A\\"},
+                     {kDBRegList.Field(2), u"hkey_current_user\\A\\B%|SubDir|%x%|Filename%|y.mdb"},
                      {kFieldCompact, u"1"}}),
               Texts());
 }
 
 TEST(ChecksTest, EntriesThatDoNotParse) {
-    EXPECT_EQ(Check({{kFieldDBRegList01, u"FOO\\Key\\Value"}, {kFieldAccRegList10, u"Pfad"}}),
+    EXPECT_EQ(Check({{kDBRegList.Field(1), u"FOO\\Key\\Value"}, {kAccRegList.Field(10), u"Pfad"}}),
               Texts({u"AccRegList10: Der Eintrag 'Pfad' ist kein Registrierungsschlüssel der Form "
                      u"HKLM\\Schlüssel\\Wertname.",
                      u"DBRegList01: Der Eintrag 'FOO\\Key\\Value' beginnt nicht mit HKLM, HKCU, "
@@ -54,8 +54,8 @@ TEST(ChecksTest, EntriesThatDoNotParse) {
 
 TEST(ChecksTest, EntriesThatLeadNowhereOrSayTooMuch) {
     EXPECT_EQ(
-        Check({{kFieldDBRegList01, u"HKLM\\A\\B%|SubDir|%x"},
-               {kFieldAccRegList01, u"HKLM\\A\\B%|Filename%|access.exe"}}),
+        Check({{kDBRegList.Field(1), u"HKLM\\A\\B%|SubDir|%x"},
+               {kAccRegList.Field(1), u"HKLM\\A\\B%|Filename%|access.exe"}}),
         Texts({u"AccRegList01: Der Eintrag 'HKLM\\A\\B%|Filename%|access.exe' nennt einen "
                u"Dateinamen, der hier nicht beachtet wird; gesucht wird immer msaccess.exe.",
                u"DBRegList01: Der Eintrag 'HKLM\\A\\B%|SubDir|%x' nennt einen Unterordner, aber "
@@ -64,25 +64,25 @@ TEST(ChecksTest, EntriesThatLeadNowhereOrSayTooMuch) {
 
 TEST(ChecksTest, ListMarkerInsideAValue) {
     EXPECT_EQ(
-        Check({{kFieldDBRegList01, u"HKLM\\A\\B%|%HKLM\\A\\C"}}),
+        Check({{kDBRegList.Field(1), u"HKLM\\A\\B%|%HKLM\\A\\C"}}),
         Texts({u"DBRegList01: Der Wert enthält die Listenmarke '%|%'; er wird dort in mehrere "
                u"Einträge geteilt."}));
     EXPECT_EQ(
-        Check({{kFieldDBRegList01, u"HKLM\\A\\B%|Filename%|%x.mdb"}}),
+        Check({{kDBRegList.Field(1), u"HKLM\\A\\B%|Filename%|%x.mdb"}}),
         Texts({u"DBRegList01: Der Wert enthält die Listenmarke '%|%'; er wird dort in mehrere "
                u"Einträge geteilt.",
                u"DBRegList01: Der Eintrag 'x.mdb' ist kein Registrierungsschlüssel der Form "
                u"HKLM\\Schlüssel\\Wertname."}));
-    EXPECT_EQ(Check({{kFieldPicRegList01, u"HKLM\\A\\B%|%x"}, {kFieldPicDelay, u"1"}}),
+    EXPECT_EQ(Check({{kPicRegList.Field(1), u"HKLM\\A\\B%|%x"}, {kFieldPicDelay, u"1"}}),
               Texts({u"PicRegList01: Der Wert enthält die Listenmarke '%|%'; hier steht nur ein "
                      u"Eintrag je Feld."}));
 }
 
 TEST(ChecksTest, ListsThatMakePathsUseless) {
-    EXPECT_EQ(Check({{kFieldAccRegList03, u"HKLM\\A\\B"}, {kFieldAccPath, u"C:\\Office"}}),
+    EXPECT_EQ(Check({{kAccRegList.Field(3), u"HKLM\\A\\B"}, {kFieldAccPath, u"C:\\Office"}}),
               Texts({u"AccPath: Der Wert wird nicht beachtet, weil die Schlüsselliste AccRegList01 "
                      u"bis AccRegList10 Einträge hat."}));
-    EXPECT_EQ(Check({{kFieldSysDBRegList01, u"HKLM\\A\\B"},
+    EXPECT_EQ(Check({{kSysDBRegList.Field(1), u"HKLM\\A\\B"},
                      {kFieldSysDBPath, u"x"},
                      {kFieldSysDBFilename, u"y"}})
                   .size(),
@@ -105,7 +105,7 @@ TEST(ChecksTest, OptionsThatNeedADatabase) {
         Texts({u"DBPath: Der Pfad wird nicht verwendet, solange DBFilename leer ist; es wird ohne "
                u"Datenbank gestartet.",
                u"Macro: Die Einstellung braucht eine Datenbank, es ist aber keine auffindbar."}));
-    EXPECT_EQ(Check({{kFieldCmd, u"x"}, {kFieldDBRegList05, u"HKLM\\A\\B"}}), Texts());
+    EXPECT_EQ(Check({{kFieldCmd, u"x"}, {kDBRegList.Field(5), u"HKLM\\A\\B"}}), Texts());
 }
 
 TEST(ChecksTest, PathsWithoutFileName) {
@@ -127,9 +127,10 @@ TEST(ChecksTest, UnknownPictureTypes) {
     EXPECT_EQ(Check({{kFieldPicFilename, u"a.gif"}, {kFieldPicDelay, u"1"}}),
               Texts({u"PicFilename: Der Bildtyp von 'a.gif' ist unbekannt; möglich sind .bmp und "
                      u".jpg."}));
-    EXPECT_EQ(Check({{kFieldPicRegList01, u"HKLM\\A\\B%|Filename%|a.png"}, {kFieldPicDelay, u"1"}}),
-              Texts({u"PicRegList01: Der Bildtyp von 'a.png' ist unbekannt; möglich sind .bmp und "
-                     u".jpg."}));
+    EXPECT_EQ(
+        Check({{kPicRegList.Field(1), u"HKLM\\A\\B%|Filename%|a.png"}, {kFieldPicDelay, u"1"}}),
+        Texts({u"PicRegList01: Der Bildtyp von 'a.png' ist unbekannt; möglich sind .bmp und "
+               u".jpg."}));
 }
 
 TEST(ChecksTest, ValuesOfTheWrongForm) {

@@ -73,7 +73,7 @@ TEST(ModelTest, EveryFieldHasAMeaningAndStandsInOneSection) {
         EXPECT_NE(FieldMeaning(field), u"") << field.number;
         EXPECT_TRUE(seen.contains(field.number)) << field.number;
     }
-    EXPECT_EQ(FieldMeaning(Field(kFieldSysDBRegList10)),
+    EXPECT_EQ(FieldMeaning(Field(kSysDBRegList.Field(10))),
               u"10. Eintrag der Schlüsselliste zur Arbeitsgruppendatei");
 }
 

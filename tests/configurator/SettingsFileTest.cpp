@@ -102,7 +102,7 @@ TEST(SettingsFileTest, WrittenSettingsAreReadBackTheSame) {
     Settings settings;
     settings.Set(kFieldAppName, u"Kunden & Größe");
     settings.Set(kFieldErrBoxText, u"\r\nEins  \r\n\r\n  ; Zwei\r\n[x]\r\n");
-    settings.Set(kFieldDBRegList07, u"HKLM\\A\\B%|Filename%|x.mdb");
+    settings.Set(kDBRegList.Field(7), u"HKLM\\A\\B%|Filename%|x.mdb");
     settings.Set(kFieldPwd, u"= ; #");
     settings.Set(kFieldRuntime, u"0");
     const std::string bytes = WriteSettings(settings, u"Einstellungen aus K.exe");

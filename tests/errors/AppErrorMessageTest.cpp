@@ -74,7 +74,7 @@ TEST_F(AppErrorMessageTest, AMessageArrayTakesThePlaceOfTheTable) {
             errors.MsgLoad(outside);
             ADD_FAILURE() << "nothing was raised for " << outside;
         } catch (const RaisedError& error) {
-            EXPECT_EQ(error.number, runtime_error::kIndexOutOfRange);
+            EXPECT_EQ(error.number, NumberOf(RuntimeError::IndexOutOfRange));
         }
     }
     errors.SetMsgArray(std::nullopt);
@@ -161,7 +161,7 @@ TEST_F(AppErrorMsgShowTest, ThePointerIsDefaultWhileTheBoxShows) {
 TEST_F(AppErrorMsgShowTest, TheShortFormHasNoHelp) {
     errors.SetHelpFile(u"C:\\Prog\\Start.chm");
     ui.answers = {2};
-    EXPECT_EQ(errors.MsgShow(137, 16), 2);
+    EXPECT_EQ(errors.MsgShow(Message::WrongPassword, box_style::kStopIcon), 2);
     EXPECT_EQ(ui.boxes[0].text, u"Das Kennwort für die Diagnoseinformationen ist falsch.");
     EXPECT_EQ(ui.boxes[0].style, 16u);
     EXPECT_EQ(ui.boxes[0].title, u"Tarvex");

@@ -142,7 +142,7 @@ TEST_F(AppErrorRaiseTest, ResetsTheMousePointer) {
 
 TEST_F(AppErrorRaiseTest, RaiseMessageTakesThePositiveNumber) {
     try {
-        errors.RaiseMessage(117, u"C:\\Prog\\Start.exe");
+        errors.RaiseMessage(Message::NotBranded, u"C:\\Prog\\Start.exe");
     } catch (const RaisedError& error) {
         EXPECT_EQ(error.number, -2147221621);
         EXPECT_EQ(error.source, u"");

@@ -125,7 +125,7 @@ struct RuntimeErrorCase {
 class RuntimeErrorTest : public testing::TestWithParam<RuntimeErrorCase> {};
 
 TEST_P(RuntimeErrorTest, HasItsGermanText) {
-    const RaisedError error = RuntimeError(GetParam().number);
+    const RaisedError error = MakeError(static_cast<RuntimeError>(GetParam().number));
     EXPECT_EQ(error.number, GetParam().number);
     EXPECT_EQ(error.description, GetParam().description);
     EXPECT_EQ(error.source, u"");
@@ -149,8 +149,8 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& each) { return std::to_string(each.param.number); });
 
 TEST(RuntimeErrorDetailTest, OnlyAnInternalErrorTakesADetail) {
-    EXPECT_EQ(RuntimeError(51, u"Grund").description, u"Interner Fehler: Grund");
-    EXPECT_EQ(RuntimeError(6, u"Grund").description, u"Überlauf");
+    EXPECT_EQ(MakeError(RuntimeError::Internal, u"Grund").description, u"Interner Fehler: Grund");
+    EXPECT_EQ(MakeError(RuntimeError::Overflow, u"Grund").description, u"Überlauf");
 }
 
 }  // namespace

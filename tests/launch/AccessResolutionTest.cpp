@@ -29,7 +29,7 @@ TEST_F(AccessResolutionTest, FolderAndFullPathGiveTheSamePath) {
     for (const std::u16string_view path :
          {u"C:\\Office", u"C:\\Office\\", u"C:\\Office\\msaccess.exe",
           u"C:\\Office\\MSAccess.EXE"}) {
-        tarvex_.SetAccPath(std::u16string(path));
+        tarvex_.Properties().accPath = std::u16string(path);
         EXPECT_EQ(Resolve(), (StringList{"[Access-Pfad]",
                                          "Absoluter Pfad wird verwendet: C:\\Office\\msaccess.exe",
                                          "Access-EXE: OK"}))
@@ -39,18 +39,18 @@ TEST_F(AccessResolutionTest, FolderAndFullPathGiveTheSamePath) {
 }
 
 TEST_F(AccessResolutionTest, OnlyTheEndOfTheTextDecidesWhetherAPathNamesTheExecutable) {
-    tarvex_.SetAccPath(u"C:\\x\\mymsaccess.exe");
+    tarvex_.Properties().accPath = u"C:\\x\\mymsaccess.exe";
     EXPECT_EQ(Resolve().at(1), "Absoluter Pfad wird verwendet: C:\\x\\my\\msaccess.exe");
 }
 
 TEST_F(AccessResolutionTest, RelativeFolderStartsAtTheLauncher) {
     files.AddFile(u"C:\\Prog\\Office\\msaccess.exe");
-    tarvex_.SetAccPath(u"Office");
+    tarvex_.Properties().accPath = u"Office";
     EXPECT_EQ(Resolve(),
               (StringList{"[Access-Pfad]", "Absoluter Pfad: C:\\Prog\\Office\\",
                           "Absoluter Pfad wird verwendet: C:\\Prog\\Office\\msaccess.exe",
                           "Access-EXE: OK"}));
-    tarvex_.SetAccPath(u"..\\Office\\msaccess.exe");
+    tarvex_.Properties().accPath = u"..\\Office\\msaccess.exe";
     EXPECT_EQ(
         Resolve(),
         (StringList{"[Access-Pfad]", "Relativer Pfad: ..\\Office\\", "Absoluter Pfad: C:\\Office\\",
@@ -59,7 +59,7 @@ TEST_F(AccessResolutionTest, RelativeFolderStartsAtTheLauncher) {
 
 TEST_F(AccessResolutionTest, BareFileNameIsLookedForInTheCurrentFolder) {
     files.AddFile(u"C:\\Aktuell\\msaccess.exe");
-    tarvex_.SetAccPath(u"msaccess.exe");
+    tarvex_.Properties().accPath = u"msaccess.exe";
     EXPECT_EQ(Resolve(), (StringList{"[Access-Pfad]", "Absoluter Pfad wird verwendet: msaccess.exe",
                                      "Access-EXE: OK"}));
     EXPECT_EQ(CommandLine(), "\"msaccess.exe\"");
@@ -67,11 +67,11 @@ TEST_F(AccessResolutionTest, BareFileNameIsLookedForInTheCurrentFolder) {
 
 TEST_F(AccessResolutionTest, KeyListWinsOverPathAndPathOverOfficeKeys) {
     registry.SetTextZ(kHKeyLocalMachine, kOffice8, u"OfficeBin", "C:\\Office");
-    tarvex_.SetAccPath(u"C:\\Office");
+    tarvex_.Properties().accPath = u"C:\\Office";
     Resolve();
     EXPECT_TRUE(registry.log.empty());
     files.log.clear();
-    tarvex_.SetAccRegListString(u"HKLM\\SOFTWARE\\Firma\\Pfad");
+    tarvex_.Properties().accRegListString = u"HKLM\\SOFTWARE\\Firma\\Pfad";
     EXPECT_THAT(RunError(),
                 IsError(-2147220469, kSource,
                         "Die benutzerdefinierten Registryeinträge für den Access-Pfad sind nicht "
@@ -140,7 +140,7 @@ TEST_F(AccessResolutionTest, EmptyOfficeValueCountsAsNone) {
 
 TEST_F(AccessResolutionTest, MissingOfficeKeyRaisesAlsoInTestMode) {
     for (const bool testMode : {false, true}) {
-        tarvex_.SetTestMode(testMode);
+        tarvex_.Properties().testMode = testMode;
         EXPECT_THAT(RunError(),
                     IsError(-2147220478, kSource,
                             "Der Access-Pfad kann nicht aus der Registry ermittelt werden."));
@@ -161,7 +161,7 @@ TEST_F(AccessResolutionTest, VersionBelowMinusOneHasNoOfficeKeys) {
 }
 
 TEST_F(AccessResolutionTest, MissingExecutableRaises) {
-    tarvex_.SetAccPath(u"D:\\Office");
+    tarvex_.Properties().accPath = u"D:\\Office";
     EXPECT_THAT(RunError(), IsError(-2147220477, kSource,
                                     "Die Datei 'D:\\Office\\msaccess.exe' wurde nicht gefunden."));
     EXPECT_EQ(DebugLines(), (StringList{"[Access-Pfad]",
@@ -170,8 +170,8 @@ TEST_F(AccessResolutionTest, MissingExecutableRaises) {
 }
 
 TEST_F(AccessResolutionTest, MissingExecutableIsNotedInTestModeAndTheRunGoesOn) {
-    tarvex_.SetAccPath(u"D:\\Office");
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().accPath = u"D:\\Office";
+    tarvex_.Properties().testMode = true;
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
     EXPECT_EQ(Section("[Access-Pfad]").back(), "Datei existiert nicht: D:\\Office\\msaccess.exe");
@@ -181,13 +181,13 @@ TEST_F(AccessResolutionTest, MissingExecutableIsNotedInTestModeAndTheRunGoesOn) 
 
 TEST_F(AccessResolutionTest, FolderNamedLikeTheExecutableDoesNotCount) {
     files.AddFolder(u"D:\\Office\\msaccess.exe");
-    tarvex_.SetAccPath(u"D:\\Office");
+    tarvex_.Properties().accPath = u"D:\\Office";
     EXPECT_EQ(RunError()->number, -2147220477);
 }
 
 TEST_F(AccessResolutionTest, UnresolvedListRaisesAlsoInTestMode) {
-    tarvex_.SetAccRegListString(u"HKLM\\SOFTWARE\\Firma\\Pfad");
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().accRegListString = u"HKLM\\SOFTWARE\\Firma\\Pfad";
+    tarvex_.Properties().testMode = true;
     EXPECT_EQ(RunError()->number, -2147220469);
     EXPECT_FALSE(tarvex_.TestModeError());
 }

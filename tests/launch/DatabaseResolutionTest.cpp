@@ -48,18 +48,18 @@ TEST_F(DatabaseResolutionTest, FolderAndFileNameAreJoined) {
     files.AddFile(u"C:\\Prog\\Daten\\Kunden.mdb");
     files.AddFile(u"C:\\Daten\\Kunden.mdb");
     files.AddFile(u"D:\\Kunden.mdb");
-    tarvex_.SetDBFilename(u"Kunden.mdb");
-    tarvex_.SetDBPath(u"Daten");
+    tarvex_.Properties().dbFilename = u"Kunden.mdb";
+    tarvex_.Properties().dbPath = u"Daten";
     EXPECT_EQ(Resolve(), (StringList{"[Datenbank-Pfad]", "Absoluter Pfad: C:\\Prog\\Daten\\",
                                      "Berechneter Pfad: C:\\Prog\\Daten\\",
                                      "Datenbank: : C:\\Prog\\Daten\\Kunden.mdb", "Datenbank: OK"}));
-    tarvex_.SetDBPath(u"..\\Daten\\");
+    tarvex_.Properties().dbPath = u"..\\Daten\\";
     EXPECT_EQ(Resolve(), (StringList{"[Datenbank-Pfad]", "Relativer Pfad: ..\\Daten\\",
                                      "Absoluter Pfad: C:\\Daten\\", "Berechneter Pfad: C:\\Daten\\",
                                      "Datenbank: : C:\\Daten\\Kunden.mdb", "Datenbank: OK"}));
-    tarvex_.SetDBPath(u"D:");
+    tarvex_.Properties().dbPath = u"D:";
     EXPECT_EQ(Resolve().at(1), "Absoluter Pfad: C:\\Prog\\D:\\");
-    tarvex_.SetDBPath(u"D:\\");
+    tarvex_.Properties().dbPath = u"D:\\";
     EXPECT_EQ(Resolve(), (StringList{"[Datenbank-Pfad]", "Berechneter Pfad: D:\\",
                                      "Datenbank: : D:\\Kunden.mdb", "Datenbank: OK"}));
     EXPECT_EQ(CommandLine(), std::string(kAccess) + " \"D:\\Kunden.mdb\"");
@@ -67,7 +67,7 @@ TEST_F(DatabaseResolutionTest, FolderAndFileNameAreJoined) {
 
 TEST_F(DatabaseResolutionTest, FolderWithoutFileNameGivesNoDatabaseAndNoSearch) {
     files.AddFile(u"C:\\Prog\\Start.mdb");
-    tarvex_.SetDBPath(u"D:\\Daten");
+    tarvex_.Properties().dbPath = u"D:\\Daten";
     EXPECT_EQ(Resolve(),
               (StringList{"[Datenbank-Pfad]",
                           "Kein Dateiname angegeben, Pfad kann nicht ermittelt werden"}));
@@ -78,7 +78,7 @@ TEST_F(DatabaseResolutionTest, FileNameAloneIsTakenFromTheLaunchersFolder) {
     files.currentFolder = u"D:\\Aktuell";
     files.AddFile(u"C:\\Prog\\Kunden.mdb");
     files.AddFile(u"D:\\Aktuell\\Kunden.mdb");
-    tarvex_.SetDBFilename(u"Kunden.mdb");
+    tarvex_.Properties().dbFilename = u"Kunden.mdb";
     EXPECT_EQ(Resolve(), (StringList{"[Datenbank-Pfad]",
                                      "Kein Pfad angegeben, im aktuellen Verzeichnis suchen",
                                      "Datenbank: C:\\Prog\\Kunden.mdb", "Datenbank: OK"}));
@@ -106,11 +106,11 @@ TEST_F(DatabaseResolutionTest, DatabaseNamedLikeTheLauncherIsFoundInOrder) {
 }
 
 TEST_F(DatabaseResolutionTest, AccessStartsWithoutDatabaseWhenNoneIsNeeded) {
-    tarvex_.SetOptionExclusive(true);
-    tarvex_.SetOptionNoStartup(true);
-    tarvex_.SetProfile(u"Profil");
-    tarvex_.SetSystemDBUser(u"Meier");
-    tarvex_.SetSystemDBPwd(u"geheim");
+    tarvex_.Properties().optionExclusive = true;
+    tarvex_.Properties().optionNoStartup = true;
+    tarvex_.Properties().profile = u"Profil";
+    tarvex_.Properties().systemDBUser = u"Meier";
+    tarvex_.Properties().systemDBPwd = u"geheim";
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_EQ(Section("[Datenbank-Pfad]"), noDatabase_);
     EXPECT_EQ(CommandLine(), std::string(kAccess) +
@@ -120,18 +120,18 @@ TEST_F(DatabaseResolutionTest, AccessStartsWithoutDatabaseWhenNoneIsNeeded) {
 
 TEST_F(DatabaseResolutionTest, OptionsThatNeedADatabaseRaiseError6) {
     const std::function<void(cuTarvex&)> options[] = {
-        [](cuTarvex& tarvex) { tarvex.SetMacro(u"m"); },
-        [](cuTarvex& tarvex) { tarvex.SetCmd(u"c"); },
-        [](cuTarvex& tarvex) { tarvex.SetOptionRuntime(true); },
-        [](cuTarvex& tarvex) { tarvex.SetOptionReadOnly(true); },
-        [](cuTarvex& tarvex) { tarvex.SetOptionCompact(true); },
-        [](cuTarvex& tarvex) { tarvex.SetOptionRepair(true); },
-        [](cuTarvex& tarvex) { tarvex.SetOptionDecompile(true); }};
+        [](cuTarvex& tarvex) { tarvex.Properties().macro = u"m"; },
+        [](cuTarvex& tarvex) { tarvex.Properties().cmd = u"c"; },
+        [](cuTarvex& tarvex) { tarvex.Properties().optionRuntime = true; },
+        [](cuTarvex& tarvex) { tarvex.Properties().optionReadOnly = true; },
+        [](cuTarvex& tarvex) { tarvex.Properties().optionCompact = true; },
+        [](cuTarvex& tarvex) { tarvex.Properties().optionRepair = true; },
+        [](cuTarvex& tarvex) { tarvex.Properties().optionDecompile = true; }};
     StringList expected = noDatabase_;
     expected.emplace_back(kNeeded);
     for (const auto& setOption : options) {
         cuTarvex tarvex(environment);
-        tarvex.SetAccPath(u"C:\\Office");
+        tarvex.Properties().accPath = u"C:\\Office";
         setOption(tarvex);
         EXPECT_THAT(
             ErrorOf([&] { tarvex.GetCommandLine(); }),
@@ -145,8 +145,8 @@ TEST_F(DatabaseResolutionTest, OptionsThatNeedADatabaseRaiseError6) {
 }
 
 TEST_F(DatabaseResolutionTest, NeededDatabaseIsNotedInTestMode) {
-    tarvex_.SetTestMode(true);
-    tarvex_.SetOptionRuntime(true);
+    tarvex_.Properties().testMode = true;
+    tarvex_.Properties().optionRuntime = true;
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
     EXPECT_EQ(Section("[Datenbank-Pfad]").back(), kNeeded);
@@ -154,8 +154,8 @@ TEST_F(DatabaseResolutionTest, NeededDatabaseIsNotedInTestMode) {
 }
 
 TEST_F(DatabaseResolutionTest, FolderWithoutFileNameCountsAsNoDatabase) {
-    tarvex_.SetDBPath(u"D:\\Daten");
-    tarvex_.SetCmd(u"x");
+    tarvex_.Properties().dbPath = u"D:\\Daten";
+    tarvex_.Properties().cmd = u"x";
     EXPECT_EQ(RunError()->number, -2147220474);
     EXPECT_EQ(Section("[Datenbank-Pfad]"),
               (StringList{"[Datenbank-Pfad]",
@@ -163,8 +163,8 @@ TEST_F(DatabaseResolutionTest, FolderWithoutFileNameCountsAsNoDatabase) {
 }
 
 TEST_F(DatabaseResolutionTest, MissingDatabaseRaises) {
-    tarvex_.SetDBPath(u"D:\\");
-    tarvex_.SetDBFilename(u"a@@b##c.mdb");
+    tarvex_.Properties().dbPath = u"D:\\";
+    tarvex_.Properties().dbFilename = u"a@@b##c.mdb";
     EXPECT_THAT(RunError(), IsError(-2147220475, kSource,
                                     "Die Datenbank 'D:\\a@@b##c.mdb' ist nicht vorhanden."));
     EXPECT_EQ(DebugLines().back(), "Datenbank: D:\\a@@b##c.mdb ist nicht vorhanden!");
@@ -172,8 +172,8 @@ TEST_F(DatabaseResolutionTest, MissingDatabaseRaises) {
 }
 
 TEST_F(DatabaseResolutionTest, MissingDatabaseIsNotedInTestModeAndStaysOnTheLine) {
-    tarvex_.SetDBFilename(u"fehlt.mdb");
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().dbFilename = u"fehlt.mdb";
+    tarvex_.Properties().testMode = true;
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
     EXPECT_EQ(Section("[Datenbank-Pfad]").back(),
@@ -184,8 +184,8 @@ TEST_F(DatabaseResolutionTest, MissingDatabaseIsNotedInTestModeAndStaysOnTheLine
 TEST_F(DatabaseResolutionTest, KeyListWinsOverFolderAndSearchEvenWhenItFails) {
     files.AddFile(u"C:\\Prog\\Start.mdb");
     files.AddFile(u"D:\\k.mdb");
-    tarvex_.SetDBPath(u"D:\\");
-    tarvex_.SetDBFilename(u"k.mdb");
+    tarvex_.Properties().dbPath = u"D:\\";
+    tarvex_.Properties().dbFilename = u"k.mdb";
     tarvex_.RegListAdd(1, u"HKCU\\Software\\Firma\\Alt");
     EXPECT_THAT(RunError(),
                 IsError(-2147220467, kSource,
@@ -196,8 +196,8 @@ TEST_F(DatabaseResolutionTest, KeyListWinsOverFolderAndSearchEvenWhenItFails) {
 }
 
 TEST_F(DatabaseResolutionTest, UnresolvedListInTestModeEndsTheStepAtOnce) {
-    tarvex_.SetTestMode(true);
-    tarvex_.SetOptionRuntime(true);
+    tarvex_.Properties().testMode = true;
+    tarvex_.Properties().optionRuntime = true;
     tarvex_.RegListAdd(1, u"HKCU\\Software\\Firma\\Alt");
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
@@ -207,15 +207,15 @@ TEST_F(DatabaseResolutionTest, UnresolvedListInTestModeEndsTheStepAtOnce) {
 }
 
 TEST_F(DatabaseResolutionTest, IndivisibleListRaisesAndIsNotedInTestMode) {
-    tarvex_.SetRegListSeparator(u"");
-    tarvex_.SetDBRegListString(u"HKCU\\Software\\Firma\\Alt");
+    tarvex_.Properties().markers.list = u"";
+    tarvex_.Properties().dbRegListString = u"HKCU\\Software\\Firma\\Alt";
     EXPECT_THAT(RunError(), IsError(-2147220468, kSource,
                                     "Die Liste der Registryschlüssel für den Datenbank-Pfad konnte "
                                     "nicht analysiert werden."));
     EXPECT_EQ(Section("[Datenbank-Pfad]"),
               (StringList{"[Datenbank-Pfad]", "Schlüsselliste wird aufgelöst",
                           "Schlüsselliste konnte nicht aufgelöst werden"}));
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().testMode = true;
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
 }

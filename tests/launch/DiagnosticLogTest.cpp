@@ -40,10 +40,4 @@ TEST(DiagnosticLogTest, ClearedLogStartsAnew) {
     EXPECT_EQ(log.Text(), u"b");
 }
 
-TEST(DiagnosticLogTest, OnlyAnEmptyFieldIsShownAsDash) {
-    EXPECT_EQ(DashIfEmpty(u""), u"-");
-    EXPECT_EQ(DashIfEmpty(u" "), u" ");
-    EXPECT_EQ(DashIfEmpty(u"Daten"), u"Daten");
-}
-
 }  // namespace tarvex

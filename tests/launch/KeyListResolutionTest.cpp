@@ -31,7 +31,7 @@ protected:
 
     /// The section's lines behind "Schlüsselliste wird aufgelöst".
     StringList Resolve() {
-        tarvex_.SetTestMode(true);
+        tarvex_.Properties().testMode = true;
         tarvex_.GetCommandLine();
         StringList lines = Section("[Datenbank-Pfad]");
         EXPECT_GE(lines.size(), 2U);
@@ -151,7 +151,7 @@ TEST_F(DatabaseListTest, EntryThatCannotBeReadIsLoggedAndPassedOver) {
     files.AddFile(u"D:\\k.mdb");
     Store(u"Pfad", "D:\\k.mdb");
     ui.pointerDefault = false;
-    tarvex_.SetDBRegListString(u"HKLM\\P%|%%|%FOO\\A\\B%|%HKLM\\SOFTWARE\\Firma\\Pfad");
+    tarvex_.Properties().dbRegListString = u"HKLM\\P%|%%|%FOO\\A\\B%|%HKLM\\SOFTWARE\\Firma\\Pfad";
     EXPECT_EQ(
         Resolve(),
         Join(
@@ -193,7 +193,7 @@ TEST_F(DatabaseListTest, AllRootsAreRead) {
     for (const auto& [root, name] : roots) {
         registry = FakeRegistry();
         registry.SetTextZ(root, u"Firma", u"Pfad", "D:\\k.mdb");
-        tarvex_.SetDBRegListString(std::u16string(name) + u"\\Firma\\Pfad");
+        tarvex_.Properties().dbRegListString = std::u16string(name) + u"\\Firma\\Pfad";
         EXPECT_EQ(Resolve().back(), "Datenbank: OK") << text::ToUtf8(name);
     }
 }
@@ -211,7 +211,7 @@ protected:
     /// The section's lines behind the entry's fields, for one entry and its stored text.
     StringList Resolve(std::u16string_view entry, const std::string& stored) {
         registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Pfad", stored);
-        tarvex_.SetAccRegListString(std::u16string(entry));
+        tarvex_.Properties().accRegListString = std::u16string(entry);
         RunError();
         StringList lines = Section("[Access-Pfad]");
         EXPECT_GE(lines.size(), 8U);
@@ -223,7 +223,7 @@ protected:
 TEST_F(AccessListTest, WholeSectionIsLogged) {
     files.AddFile(u"C:\\Office\\msaccess.exe");
     registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Pfad", "C:\\Office");
-    tarvex_.SetAccRegListString(u"HKLM\\SOFTWARE\\Firma\\Pfad");
+    tarvex_.Properties().accRegListString = u"HKLM\\SOFTWARE\\Firma\\Pfad";
     ASSERT_TRUE(tarvex_.GetCommandLine());
     EXPECT_EQ(Section("[Access-Pfad]"),
               Join({{"[Access-Pfad]", "Schlüsselliste wird aufgelöst"},
@@ -265,8 +265,8 @@ TEST_F(AccessListTest, MissingExecutableIsLoggedWithOneColon) {
 }
 
 TEST_F(AccessListTest, EmptyListMarkerMakesTheListIndivisible) {
-    tarvex_.SetRegListSeparator(u"");
-    tarvex_.SetAccRegListString(u"HKLM\\SOFTWARE\\Firma\\Pfad");
+    tarvex_.Properties().markers.list = u"";
+    tarvex_.Properties().accRegListString = u"HKLM\\SOFTWARE\\Firma\\Pfad";
     EXPECT_THAT(RunError(), IsError(-2147220470, "Tarvex/cuTarvex: GetAccessPath: : GetCommandLine",
                                     "Die Liste der Registryschlüssel für den Access-Pfad konnte "
                                     "nicht analysiert werden."));

@@ -10,7 +10,7 @@ namespace {
 
 std::string TextOf(std::int32_t code, LaunchErrorValue value1 = std::nullopt,
                    LaunchErrorValue value2 = std::nullopt) {
-    return text::ToUtf8(LaunchErrorText(code, u"Start", value1, value2));
+    return text::ToUtf8(LaunchErrorText(static_cast<LaunchError>(code), u"Start", value1, value2));
 }
 
 }  // namespace
@@ -62,9 +62,9 @@ TEST(LaunchErrorTextTest, UnknownCodeHasNoText) {
 }
 
 TEST(LaunchErrorTextTest, MissingDatabaseIsNamedAfterTheLauncherWithoutItsFolder) {
-    const std::u16string expected = LaunchErrorText(6, u"Start");
-    EXPECT_EQ(LaunchErrorText(6, u"C:\\Prog/x\\Start"), expected);
-    EXPECT_EQ(LaunchErrorText(6, u"Prog/Start"), expected);
+    const std::u16string expected = LaunchErrorText(LaunchError::DatabaseNeeded, u"Start");
+    EXPECT_EQ(LaunchErrorText(LaunchError::DatabaseNeeded, u"C:\\Prog/x\\Start"), expected);
+    EXPECT_EQ(LaunchErrorText(LaunchError::DatabaseNeeded, u"Prog/Start"), expected);
 }
 
 TEST(LaunchErrorTextTest, ValueTakesThePlaceholder) {
@@ -101,57 +101,45 @@ TEST(LaunchErrorTextTest, LineBreaksAreMadeBeforeValuesAreInserted) {
 }
 
 TEST(LaunchErrorNumberTest, NumbersFollowTheCodes) {
-    EXPECT_EQ(LaunchErrorNumber(1), -2147220479);
-    EXPECT_EQ(LaunchErrorNumber(5), -2147220475);
-    EXPECT_EQ(LaunchErrorNumber(17), -2147220463);
+    EXPECT_EQ(NumberOf(LaunchError::HKeyMissing), -2147220479);
+    EXPECT_EQ(NumberOf(LaunchError::DatabaseNotFound), -2147220475);
+    EXPECT_EQ(NumberOf(LaunchError::AccVersionNotAllowed), -2147220463);
 }
 
 class RaiseLaunchErrorTest : public ::testing::Test, protected LaunchWorld {
 protected:
-    /// Handles `pending` by passing it on with these arguments.
+    /// Handles `pending` by passing it on.
     template <class Pending>
-    std::optional<RaisedError> PassOn(const Pending& pending, std::u16string_view source,
-                                      std::u16string_view procedure,
-                                      std::u16string_view description = {}) {
+    std::optional<RaisedError> PassOn(const Pending& pending, std::u16string_view procedure) {
         return ErrorOf([&] {
             try {
                 throw pending;
             } catch (...) {
-                RaiseLaunchError(environment, 0, source, procedure, description);
+                PassOnLaunchError(environment, procedure);
             }
         });
     }
 
-    std::optional<RaisedError> Raise(std::int32_t number, std::u16string_view source,
-                                     std::u16string_view procedure,
-                                     std::u16string_view description = {},
+    std::optional<RaisedError> Raise(LaunchError error, std::u16string_view procedure = {},
                                      LaunchErrorValue value = std::nullopt) {
-        return ErrorOf(
-            [&] { RaiseLaunchError(environment, number, source, procedure, description, value); });
+        return ErrorOf([&] { RaiseLaunchError(environment, error, procedure, value); });
     }
 };
 
 TEST_F(RaiseLaunchErrorTest, CodeGivesNumberSourceAndText) {
-    EXPECT_THAT(Raise(-5, u"cuTarvex", u"GetDBPath", {}, u"C:\\a.mdb"),
+    EXPECT_THAT(Raise(LaunchError::DatabaseNotFound, u"GetDBPath", u"C:\\a.mdb"),
                 IsError(-2147220475, "Tarvex/cuTarvex: GetDBPath",
                         "Die Datenbank 'C:\\a.mdb' ist nicht vorhanden."));
 }
 
-TEST_F(RaiseLaunchErrorTest, SourceIsTheTitleAloneWithoutASource) {
-    EXPECT_THAT(Raise(-1, {}, {}),
-                IsError(-2147220479, "Tarvex", "Der HKey wurde nicht angegeben."));
-    EXPECT_THAT(Raise(-1, {}, u"Lesen"),
-                IsError(-2147220479, "Tarvex: Lesen", "Der HKey wurde nicht angegeben."));
-}
-
-TEST_F(RaiseLaunchErrorTest, GivenDescriptionReplacesTheText) {
-    EXPECT_THAT(Raise(-3, {}, {}, u"Eigener Text ##", u"x"),
-                IsError(-2147220477, "Tarvex", "Eigener Text ##"));
+TEST_F(RaiseLaunchErrorTest, SourceIsTheClassAloneWithoutAProcedure) {
+    EXPECT_THAT(Raise(LaunchError::HKeyMissing),
+                IsError(-2147220479, "Tarvex/cuTarvex", "Der HKey wurde nicht angegeben."));
 }
 
 TEST_F(RaiseLaunchErrorTest, TextNamesTheLauncher) {
     program.exeName = u"Kunden";
-    const auto error = Raise(-6, {}, {});
+    const auto error = Raise(LaunchError::DatabaseNeeded);
     ASSERT_TRUE(error);
     EXPECT_NE(error->description.find(u"'Kunden.mdb/mde/mda'"), std::u16string::npos);
 }
@@ -159,41 +147,36 @@ TEST_F(RaiseLaunchErrorTest, TextNamesTheLauncher) {
 TEST_F(RaiseLaunchErrorTest, ErrorBeingHandledIsPassedOn) {
     const RaisedError pending{
         -2147220475, u"Tarvex/cuTarvex: GetDBPath", u"Text @@ ##", u"a.chm", 7, 0};
-    const auto error = PassOn(pending, {}, u": GetCommandLine");
+    const auto error = PassOn(pending, u": GetCommandLine");
     EXPECT_THAT(error,
                 IsError(-2147220475, "Tarvex/cuTarvex: GetDBPath: : GetCommandLine", "Text @@ ##"));
     EXPECT_EQ(error->helpFile, u"a.chm");
     EXPECT_EQ(error->helpContext, 7);
 }
 
-TEST_F(RaiseLaunchErrorTest, GivenSourceAndDescriptionWinOverTheErrorBeingHandled) {
-    EXPECT_THAT(PassOn(RaisedError{13, u"alt", u"Alter Text", {}, 0, 0}, u"neu", {}, u"Neuer Text"),
-                IsError(13, "neu", "Neuer Text"));
-}
-
 TEST_F(RaiseLaunchErrorTest, KnownLineFollowsTheProcedure) {
-    EXPECT_THAT(PassOn(RaisedError{13, u"cuTarvex", u"Text", {}, 0, 12}, {}, u"GetDBPath"),
+    EXPECT_THAT(PassOn(RaisedError{13, u"cuTarvex", u"Text", {}, 0, 12}, u"GetDBPath"),
                 IsError(13, "cuTarvex: GetDBPath (12)", "Text"));
-    EXPECT_THAT(PassOn(RaisedError{13, u"cuTarvex", u"Text", {}, 0, 12}, {}, {}),
+    EXPECT_THAT(PassOn(RaisedError{13, u"cuTarvex", u"Text", {}, 0, 12}, {}),
                 IsError(13, "cuTarvex", "Text"));
 }
 
 TEST_F(RaiseLaunchErrorTest, ExceptionOfTheLibraryBecomesARuntimeErrorOfTheApplication) {
-    EXPECT_THAT(
-        PassOn(std::bad_alloc(), {}, u"GetDBPath"),
-        IsError(runtime_error::kOutOfMemory, "Tarvex: GetDBPath", "Nicht genügend Speicher"));
+    EXPECT_THAT(PassOn(std::bad_alloc(), u"GetDBPath"),
+                IsError(NumberOf(RuntimeError::OutOfMemory), "Tarvex: GetDBPath",
+                        "Nicht genügend Speicher"));
 }
 
 TEST_F(RaiseLaunchErrorTest, BusyPointerIsReset) {
     ui.pointerDefault = false;
-    Raise(-1, {}, {});
+    Raise(LaunchError::HKeyMissing);
     EXPECT_TRUE(ui.pointerDefault);
     EXPECT_EQ(ui.pointerChanges, 1);
 }
 
 TEST_F(RaiseLaunchErrorTest, BusyPointerIsResetWhenAnErrorIsPassedOn) {
     ui.pointerDefault = false;
-    PassOn(RaisedError{13, {}, {}, {}, 0, 0}, {}, {});
+    PassOn(RaisedError{13, {}, {}, {}, 0, 0}, {});
     EXPECT_TRUE(ui.pointerDefault);
 }
 

@@ -69,7 +69,7 @@ protected:
     /// Lets the search for Access succeed with C:\Office\msaccess.exe.
     void InstallAccess() {
         files.AddFile(u"C:\\Office\\msaccess.exe");
-        tarvex_.SetAccPath(u"C:\\Office");
+        tarvex_.Properties().accPath = u"C:\\Office";
     }
 
     std::string CommandLine() const { return text::ToUtf8(tarvex_.CommandLine()); }

@@ -169,16 +169,17 @@ std::string Doubled(const std::u16string& value) {
 void CheckMasking(const RandomLaunch& launch, const std::string& real, const std::string& masked) {
     std::string realPart;
     std::string maskedPart;
-    if (!launch.Settings().SystemDBUser().empty()) {
-        realPart = " /user " + Doubled(launch.Settings().SystemDBUser());
+    if (!launch.Settings().Properties().systemDBUser.empty()) {
+        realPart = " /user " + Doubled(launch.Settings().Properties().systemDBUser);
         maskedPart = " /user \"XXXX\"";
-        if (!launch.Settings().SystemDBPwd().empty()) {
-            realPart += " /pwd " + Doubled(launch.Settings().SystemDBPwd());
+        if (!launch.Settings().Properties().systemDBPwd.empty()) {
+            realPart += " /pwd " + Doubled(launch.Settings().Properties().systemDBPwd);
             maskedPart += " /pwd \"YYYY\"";
         }
     }
-    const std::string end =
-        launch.Settings().Cmd().empty() ? "" : " /cmd " + Quoted(launch.Settings().Cmd());
+    const std::string end = launch.Settings().Properties().cmd.empty()
+                                ? ""
+                                : " /cmd " + Quoted(launch.Settings().Properties().cmd);
     ASSERT_TRUE(EndsWith(real, realPart + end)) << real;
     ASSERT_TRUE(EndsWith(masked, maskedPart + end)) << masked;
     EXPECT_EQ(real.substr(0, real.size() - (realPart + end).size()),
@@ -192,9 +193,9 @@ void CheckOrder(const RandomLaunch& launch, const std::string& masked) {
                                  "/Repair", "/ro",     "/Runtime", "/Decompile", "/Profile",
                                  "/x",      "/user",   "/pwd"};
     const std::string line =
-        launch.Settings().Cmd().empty()
+        launch.Settings().Properties().cmd.empty()
             ? masked
-            : masked.substr(0, masked.rfind(" /cmd " + Quoted(launch.Settings().Cmd())));
+            : masked.substr(0, masked.rfind(" /cmd " + Quoted(launch.Settings().Properties().cmd)));
     std::size_t next = 0;
     std::size_t position = line.find('"', 1) + 1;
     ASSERT_EQ(line.front(), '"');
@@ -227,7 +228,7 @@ void CheckError(RandomLaunch& launch, const cuTarvex& tarvex, const RaisedError&
     ASSERT_NE(form, kErrors.end()) << "number " << error.number;
     EXPECT_EQ(text::ToUtf8(error.source),
               std::string("Tarvex/cuTarvex: ") + form->second.procedure + ": : GetCommandLine");
-    EXPECT_TRUE(form->second.softened ? !tarvex.TestMode() : true);
+    EXPECT_TRUE(form->second.softened ? !tarvex.Properties().testMode : true);
     EXPECT_FALSE(tarvex.TestModeError());
     EXPECT_EQ(tarvex.CommandLine(), u"");
     EXPECT_EQ(tarvex.CommandLineHiddenUserPW(), u"");
@@ -238,7 +239,8 @@ void CheckError(RandomLaunch& launch, const cuTarvex& tarvex, const RaisedError&
     const std::u16string value =
         text::FromUtf8(lastLine.substr(start.size(), lastLine.size() - start.size() - end.size()));
     EXPECT_EQ(error.description,
-              LaunchErrorText(code, launch.program.exeName, code == 7 ? tarvex.Profile() : value));
+              LaunchErrorText(static_cast<LaunchError>(code), launch.program.exeName,
+                              code == 7 ? tarvex.Properties().profile : value));
     EXPECT_EQ(error.description.find(u"§"), std::u16string::npos);
 }
 

@@ -16,7 +16,7 @@ protected:
 };
 
 TEST_F(ProfileResolutionTest, NoProfileGivesNoArgument) {
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().verifyProfile = true;
     EXPECT_EQ(Resolve(), (StringList{"[Profil]", "Kein Profil eingestellt"}));
     EXPECT_EQ(CommandLine(), "\"C:\\Office\\msaccess.exe\"");
     EXPECT_TRUE(registry.log.empty());
@@ -31,7 +31,7 @@ TEST_F(ProfileResolutionTest, SectionFollowsOneEmptyLine) {
 }
 
 TEST_F(ProfileResolutionTest, ProfileIsPassedWithoutLookUp) {
-    tarvex_.SetProfile(u" Mein Profil ");
+    tarvex_.Properties().profile = u" Mein Profil ";
     EXPECT_EQ(Resolve(), (StringList{"[Profil]", "Profil:  Mein Profil "}));
     EXPECT_EQ(CommandLine(), "\"C:\\Office\\msaccess.exe\" /Profile \"Mein Profil\"");
     EXPECT_TRUE(registry.log.empty());
@@ -40,8 +40,8 @@ TEST_F(ProfileResolutionTest, ProfileIsPassedWithoutLookUp) {
 TEST_F(ProfileResolutionTest, VerifiedProfileIsFoundInAnyCase) {
     registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Anderes", "x");
     registry.SetTextZ(kHKeyLocalMachine, kKey8, u"BÜRO", "x");
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
     for (const std::int32_t version : {0, -1}) {
         tarvex_.SetAccVersion(version);
         EXPECT_EQ(Resolve(),
@@ -54,8 +54,8 @@ TEST_F(ProfileResolutionTest, VerifiedProfileIsFoundInAnyCase) {
 
 TEST_F(ProfileResolutionTest, KeyFollowsTheVersion) {
     const std::pair<std::int32_t, std::string> versions[] = {{1, "9.0"}, {2, "10.0"}, {3, "11.0"}};
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
     for (const auto& [version, name] : versions) {
         const std::string key = "SOFTWARE\\Microsoft\\Office\\" + name + "\\Access\\Profiles";
         registry.SetTextZ(kHKeyLocalMachine, text::FromUtf8(key), u"Büro", "x");
@@ -68,8 +68,8 @@ TEST_F(ProfileResolutionTest, KeyFollowsTheVersion) {
 TEST_F(ProfileResolutionTest, MissingProfileRaises) {
     registry.AddKey(kHKeyLocalMachine, kKey8);
     registry.AddKey(kHKeyLocalMachine, std::u16string(kKey8) + u"\\Büro");
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
     EXPECT_THAT(RunError(),
                 IsError(-2147220473, "Tarvex/cuTarvex: GetProfile: : GetCommandLine",
                         "Kann den Eintrag des Profiles 'Büro' nicht in der Registry finden."));
@@ -77,9 +77,9 @@ TEST_F(ProfileResolutionTest, MissingProfileRaises) {
 }
 
 TEST_F(ProfileResolutionTest, MissingProfileIsNotedInTestModeAndStaysOnTheLine) {
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
+    tarvex_.Properties().testMode = true;
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
     EXPECT_EQ(CommandLine(), "\"C:\\Office\\msaccess.exe\" /Profile \"Büro\"");
@@ -88,8 +88,8 @@ TEST_F(ProfileResolutionTest, MissingProfileIsNotedInTestModeAndStaysOnTheLine) 
 TEST_F(ProfileResolutionTest, ValueThatIsTooLargeEndsTheSearch) {
     registry.SetOther(kHKeyLocalMachine, kKey8, u"Groß", 4097);
     registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Büro", "x");
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
     EXPECT_EQ(Resolve().back(), "Profil ist nicht vorhanden");
     registry.SetOther(kHKeyLocalMachine, kKey8, u"Groß", 4096);
     EXPECT_EQ(Resolve().back(), "Profil: OK");
@@ -98,15 +98,15 @@ TEST_F(ProfileResolutionTest, ValueThatIsTooLargeEndsTheSearch) {
 TEST_F(ProfileResolutionTest, NameThatIsTooLongEndsTheSearch) {
     registry.SetOther(kHKeyLocalMachine, kKey8, std::u16string(257, u'n'));
     registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Büro", "x");
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
     EXPECT_EQ(Resolve().back(), "Profil ist nicht vorhanden");
 }
 
 TEST_F(ProfileResolutionTest, VersionBelowMinusOneHasNoProfileKey) {
     registry.SetTextZ(kHKeyLocalMachine, u"", u"Büro", "x");
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
     tarvex_.SetAccVersion(-2);
     EXPECT_EQ(Resolve(), (StringList{"[Profil]", "Profil: Büro",
                                      "Schlüssel: ", "Profil ist nicht vorhanden"}));

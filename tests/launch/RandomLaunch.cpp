@@ -51,7 +51,7 @@ cuTarvex RandomLaunch::Configure(bool testMode) {
     registry.log.clear();
     files.log.clear();
     cuTarvex tarvex(settings_);
-    tarvex.SetTestMode(testMode);
+    tarvex.Properties().testMode = testMode;
     return tarvex;
 }
 
@@ -63,30 +63,30 @@ std::string RandomLaunch::Describe() const {
         }
     };
     add(u"launcher", program.folder + u" | " + program.exeName);
-    add(u"RegListSeparator", settings_.RegListSeparator());
-    add(u"AccRegListString", settings_.AccRegListString());
-    add(u"AccPath", settings_.AccPath());
+    add(u"RegListSeparator", settings_.Properties().markers.list);
+    add(u"AccRegListString", settings_.Properties().accRegListString);
+    add(u"AccPath", settings_.Properties().accPath);
     add(u"AccVersion", text::Decimal(settings_.AccVersion()));
-    add(u"DBRegListString", settings_.DBRegListString());
-    add(u"DBPath", settings_.DBPath());
-    add(u"DBFilename", settings_.DBFilename());
-    add(u"SystemDBRegListString", settings_.SystemDBRegListString());
-    add(u"SystemDBPath", settings_.SystemDBPath());
-    add(u"SystemDBFilename", settings_.SystemDBFilename());
-    add(u"SystemDBUser", settings_.SystemDBUser());
-    add(u"SystemDBPwd", settings_.SystemDBPwd());
-    add(u"Profile", settings_.Profile());
-    add(u"VerifyProfile", settings_.VerifyProfile() ? u"1" : u"");
-    add(u"Macro", settings_.Macro());
-    add(u"Cmd", settings_.Cmd());
+    add(u"DBRegListString", settings_.Properties().dbRegListString);
+    add(u"DBPath", settings_.Properties().dbPath);
+    add(u"DBFilename", settings_.Properties().dbFilename);
+    add(u"SystemDBRegListString", settings_.Properties().systemDBRegListString);
+    add(u"SystemDBPath", settings_.Properties().systemDBPath);
+    add(u"SystemDBFilename", settings_.Properties().systemDBFilename);
+    add(u"SystemDBUser", settings_.Properties().systemDBUser);
+    add(u"SystemDBPwd", settings_.Properties().systemDBPwd);
+    add(u"Profile", settings_.Properties().profile);
+    add(u"VerifyProfile", settings_.Properties().verifyProfile ? u"1" : u"");
+    add(u"Macro", settings_.Properties().macro);
+    add(u"Cmd", settings_.Properties().cmd);
     for (const auto& [isSet, name] : std::initializer_list<std::pair<bool, std::u16string_view>>{
-             {settings_.OptionCompact(), u"OptionCompact"},
-             {settings_.OptionDecompile(), u"OptionDecompile"},
-             {settings_.OptionExclusive(), u"OptionExclusive"},
-             {settings_.OptionNoStartup(), u"OptionNoStartup"},
-             {settings_.OptionReadOnly(), u"OptionReadOnly"},
-             {settings_.OptionRepair(), u"OptionRepair"},
-             {settings_.OptionRuntime(), u"OptionRuntime"}}) {
+             {settings_.Properties().optionCompact, u"OptionCompact"},
+             {settings_.Properties().optionDecompile, u"OptionDecompile"},
+             {settings_.Properties().optionExclusive, u"OptionExclusive"},
+             {settings_.Properties().optionNoStartup, u"OptionNoStartup"},
+             {settings_.Properties().optionReadOnly, u"OptionReadOnly"},
+             {settings_.Properties().optionRepair, u"OptionRepair"},
+             {settings_.Properties().optionRuntime, u"OptionRuntime"}}) {
         add(name, isSet ? u"1" : u"");
     }
     add(u"failing file call", text::Decimal(static_cast<std::int64_t>(files.failCall)));
@@ -120,38 +120,38 @@ std::u16string RandomLaunch::DrawList() {
     std::u16string list;
     if (Chance(35)) {
         for (std::uint32_t count = 1 + random_() % 4; count > 0; --count) {
-            list += (list.empty() ? u"" : settings_.RegListSeparator()) + DrawEntry();
+            list += (list.empty() ? u"" : settings_.Properties().markers.list) + DrawEntry();
         }
     }
     return list;
 }
 
 void RandomLaunch::DrawSettings() {
-    settings_.SetRegListSeparator(Chance(20) ? u"" : Chance(5) ? u";" : u"%|%");
+    settings_.Properties().markers.list = Chance(20) ? u"" : Chance(5) ? u";" : u"%|%";
     // An empty marker divides no list: with one for Access nothing else would be seen.
-    settings_.SetAccRegListString(
-        settings_.RegListSeparator().empty() && Chance(70) ? std::u16string() : DrawList());
-    settings_.SetAccPath(PickOrNothing(kFolders));
+    settings_.Properties().accRegListString =
+        settings_.Properties().markers.list.empty() && Chance(70) ? std::u16string() : DrawList();
+    settings_.Properties().accPath = PickOrNothing(kFolders);
     settings_.SetAccVersion(static_cast<std::int32_t>(random_() % 6) - 2);
-    settings_.SetDBRegListString(DrawList());
-    settings_.SetDBPath(PickOrNothing(kFolders));
-    settings_.SetDBFilename(PickOrNothing(kFileNames));
-    settings_.SetSystemDBRegListString(DrawList());
-    settings_.SetSystemDBPath(PickOrNothing(kFolders));
-    settings_.SetSystemDBFilename(PickOrNothing(kFileNames));
-    settings_.SetProfile(PickOrNothing({u"Büro", u" Profil ", u"a;b"}));
-    settings_.SetVerifyProfile(Chance(50));
-    settings_.SetMacro(PickOrNothing({u"Autostart", u" Mein Makro ", u"\"x y\"", u" "}));
-    settings_.SetOptionCompact(Chance(12));
-    settings_.SetOptionDecompile(Chance(12));
-    settings_.SetOptionExclusive(Chance(12));
-    settings_.SetOptionNoStartup(Chance(12));
-    settings_.SetOptionReadOnly(Chance(12));
-    settings_.SetOptionRepair(Chance(12));
-    settings_.SetOptionRuntime(Chance(12));
-    settings_.SetSystemDBUser(PickOrNothing({u"§Nutzer§", u"§N/u;t§", u" §N§ "}));
-    settings_.SetSystemDBPwd(PickOrNothing({u"§Kennwort§", u"§K//w;;§", u"\"§K§\""}));
-    settings_.SetCmd(PickOrNothing({u"Auftrag 7", u"/user \"XXXX\"", u" a;b "}));
+    settings_.Properties().dbRegListString = DrawList();
+    settings_.Properties().dbPath = PickOrNothing(kFolders);
+    settings_.Properties().dbFilename = PickOrNothing(kFileNames);
+    settings_.Properties().systemDBRegListString = DrawList();
+    settings_.Properties().systemDBPath = PickOrNothing(kFolders);
+    settings_.Properties().systemDBFilename = PickOrNothing(kFileNames);
+    settings_.Properties().profile = PickOrNothing({u"Büro", u" Profil ", u"a;b"});
+    settings_.Properties().verifyProfile = Chance(50);
+    settings_.Properties().macro = PickOrNothing({u"Autostart", u" Mein Makro ", u"\"x y\"", u" "});
+    settings_.Properties().optionCompact = Chance(12);
+    settings_.Properties().optionDecompile = Chance(12);
+    settings_.Properties().optionExclusive = Chance(12);
+    settings_.Properties().optionNoStartup = Chance(12);
+    settings_.Properties().optionReadOnly = Chance(12);
+    settings_.Properties().optionRepair = Chance(12);
+    settings_.Properties().optionRuntime = Chance(12);
+    settings_.Properties().systemDBUser = PickOrNothing({u"§Nutzer§", u"§N/u;t§", u" §N§ "});
+    settings_.Properties().systemDBPwd = PickOrNothing({u"§Kennwort§", u"§K//w;;§", u"\"§K§\""});
+    settings_.Properties().cmd = PickOrNothing({u"Auftrag 7", u"/user \"XXXX\"", u" a;b "});
 }
 
 void RandomLaunch::DrawRegistry() {

@@ -19,8 +19,8 @@ std::string Fields(const KeyListEntry& entry) {
 
 std::string ParsedFields(std::u16string_view entry) {
     const KeyListParse parse = ParseKeyListEntry(entry);
-    return parse.launchError == 0 ? Fields(parse.entry)
-                                  : "error " + std::to_string(parse.launchError);
+    return !parse.error ? Fields(parse.entry)
+                        : "error " + std::to_string(static_cast<int>(*parse.error));
 }
 
 }  // namespace
@@ -177,18 +177,18 @@ using RegListTest = LaunchFixture;
 
 TEST_F(RegListTest, EntriesAreAddedWithTheMarkerBetweenThem) {
     tarvex_.RegListAdd(0, u"A");
-    EXPECT_EQ(tarvex_.AccRegListString(), u"A");
+    EXPECT_EQ(tarvex_.Properties().accRegListString, u"A");
     tarvex_.RegListAdd(0, u"B");
-    EXPECT_EQ(tarvex_.AccRegListString(), u"A%|%B");
+    EXPECT_EQ(tarvex_.Properties().accRegListString, u"A%|%B");
 }
 
 TEST_F(RegListTest, SelectorChoosesTheList) {
     tarvex_.RegListAdd(0, u"A");
     tarvex_.RegListAdd(1, u"B");
     tarvex_.RegListAdd(2, u"C");
-    EXPECT_EQ(tarvex_.AccRegListString(), u"A");
-    EXPECT_EQ(tarvex_.DBRegListString(), u"B");
-    EXPECT_EQ(tarvex_.SystemDBRegListString(), u"C");
+    EXPECT_EQ(tarvex_.Properties().accRegListString, u"A");
+    EXPECT_EQ(tarvex_.Properties().dbRegListString, u"B");
+    EXPECT_EQ(tarvex_.Properties().systemDBRegListString, u"C");
     EXPECT_EQ(tarvex_.RegListArray(0), U16List{u"A"});
     EXPECT_EQ(tarvex_.RegListArray(1), U16List{u"B"});
     EXPECT_EQ(tarvex_.RegListArray(2), U16List{u"C"});
@@ -199,9 +199,9 @@ TEST_F(RegListTest, EmptyEntryAndUnknownSelectorAddNothing) {
     tarvex_.RegListAdd(0, u"");
     tarvex_.RegListAdd(3, u"B");
     tarvex_.RegListAdd(-1, u"B");
-    EXPECT_EQ(tarvex_.AccRegListString(), u"A");
-    EXPECT_EQ(tarvex_.DBRegListString(), u"");
-    EXPECT_EQ(tarvex_.SystemDBRegListString(), u"");
+    EXPECT_EQ(tarvex_.Properties().accRegListString, u"A");
+    EXPECT_EQ(tarvex_.Properties().dbRegListString, u"");
+    EXPECT_EQ(tarvex_.Properties().systemDBRegListString, u"");
 }
 
 TEST_F(RegListTest, EmptyListHasNoEntries) {
@@ -218,15 +218,15 @@ TEST_F(RegListTest, UnknownSelectorRaisesError16) {
 }
 
 TEST_F(RegListTest, ChangedMarkersHoldForAllListOperations) {
-    tarvex_.SetRegListSeparator(u"&&");
-    tarvex_.SetRegListSubDirSeparator(u"<sub>");
-    tarvex_.SetRegListFilenameSeparator(u"<file>");
+    tarvex_.Properties().markers.list = u"&&";
+    tarvex_.Properties().markers.subFolder = u"<sub>";
+    tarvex_.Properties().markers.fileName = u"<file>";
     const std::u16string entry = tarvex_.RegListBuild(u"A", u"P", u"f", u"s", kHKeyLocalMachine);
     EXPECT_EQ(entry, u"HKLM\\A\\P<sub>s<file>f");
     EXPECT_EQ(Fields(tarvex_.RegListParse(entry)), "HKLM|A|P|s|f");
     tarvex_.RegListAdd(1, entry);
     tarvex_.RegListAdd(1, u"B%|%C");
-    EXPECT_EQ(tarvex_.DBRegListString(), u"HKLM\\A\\P<sub>s<file>f&&B%|%C");
+    EXPECT_EQ(tarvex_.Properties().dbRegListString, u"HKLM\\A\\P<sub>s<file>f&&B%|%C");
     EXPECT_EQ(tarvex_.RegListArray(1), (U16List{entry, u"B%|%C"}));
 }
 

@@ -35,8 +35,8 @@ TEST_F(SystemDatabaseResolutionTest, NothingConfiguredGivesNoArgument) {
 
 TEST_F(SystemDatabaseResolutionTest, FolderAndFileNameAreJoinedAlsoWithoutDatabase) {
     files.AddFile(u"C:\\Prog\\Sys\\System.mdw");
-    tarvex_.SetSystemDBPath(u"Sys");
-    tarvex_.SetSystemDBFilename(u"System.mdw");
+    tarvex_.Properties().systemDBPath = u"Sys";
+    tarvex_.Properties().systemDBFilename = u"System.mdw";
     EXPECT_EQ(Resolve(), (StringList{"[SysDB-Pfad]", "Absoluter Pfad: C:\\Prog\\Sys\\",
                                      "Berechneter Pfad: C:\\Prog\\Sys\\",
                                      "SysDB: : C:\\Prog\\Sys\\System.mdw", "SysDB: OK"}));
@@ -44,7 +44,7 @@ TEST_F(SystemDatabaseResolutionTest, FolderAndFileNameAreJoinedAlsoWithoutDataba
 }
 
 TEST_F(SystemDatabaseResolutionTest, FolderWithoutFileNameGivesNoArgument) {
-    tarvex_.SetSystemDBPath(u"Sys");
+    tarvex_.Properties().systemDBPath = u"Sys";
     EXPECT_EQ(
         Resolve(),
         (StringList{"[SysDB-Pfad]", "Kein Dateiname angegeben, Pfad kann nicht ermittelt werden"}));
@@ -53,20 +53,20 @@ TEST_F(SystemDatabaseResolutionTest, FolderWithoutFileNameGivesNoArgument) {
 
 TEST_F(SystemDatabaseResolutionTest, FileNameAloneIsTakenFromTheLaunchersFolder) {
     files.AddFile(u"C:\\Prog\\System.mdw");
-    tarvex_.SetSystemDBFilename(u"System.mdw");
+    tarvex_.Properties().systemDBFilename = u"System.mdw";
     EXPECT_EQ(Resolve(), (StringList{"[SysDB-Pfad]", "SysDB: C:\\Prog\\System.mdw", "SysDB: OK"}));
 }
 
 TEST_F(SystemDatabaseResolutionTest, MissingFileRaises) {
-    tarvex_.SetSystemDBFilename(u"System.mdw");
+    tarvex_.Properties().systemDBFilename = u"System.mdw";
     EXPECT_THAT(RunError(), IsError(-2147220471, kSource,
                                     "System-Datenbank 'C:\\Prog\\System.mdw' nicht gefunden."));
     EXPECT_EQ(DebugLines().back(), "SysDB: C:\\Prog\\System.mdw ist nicht vorhanden!");
 }
 
 TEST_F(SystemDatabaseResolutionTest, MissingFileIsNotedInTestModeAndStaysOnTheLine) {
-    tarvex_.SetSystemDBFilename(u"System.mdw");
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().systemDBFilename = u"System.mdw";
+    tarvex_.Properties().testMode = true;
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
     EXPECT_EQ(CommandLine(), std::string(kAccess) + " /wrkgrp \"C:\\Prog\\System.mdw\"");
@@ -74,13 +74,13 @@ TEST_F(SystemDatabaseResolutionTest, MissingFileIsNotedInTestModeAndStaysOnTheLi
 
 TEST_F(SystemDatabaseResolutionTest, UnresolvedListRaisesAndIsNotedInTestMode) {
     tarvex_.RegListAdd(2, u"HKCU\\Software\\Firma\\Alt");
-    tarvex_.SetSystemDBFilename(u"System.mdw");
+    tarvex_.Properties().systemDBFilename = u"System.mdw";
     EXPECT_THAT(RunError(),
                 IsError(-2147220465, kSource,
                         "Die benutzerdefinierten Registryeinträge für den Pfad der Systemdatenbank "
                         "sind nicht vorhanden, enthalten keinen Wert oder an den angegebenen "
                         "Positionen wurde keine Systemdatenbank gefunden."));
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().testMode = true;
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
     EXPECT_EQ(Section("[SysDB-Pfad]").back(), "Pfad konnte nicht ermittelt werden");
@@ -88,13 +88,13 @@ TEST_F(SystemDatabaseResolutionTest, UnresolvedListRaisesAndIsNotedInTestMode) {
 }
 
 TEST_F(SystemDatabaseResolutionTest, IndivisibleListRaisesAndIsNotedInTestMode) {
-    tarvex_.SetRegListSeparator(u"");
-    tarvex_.SetSystemDBRegListString(u"HKCU\\Software\\Firma\\Alt");
+    tarvex_.Properties().markers.list = u"";
+    tarvex_.Properties().systemDBRegListString = u"HKCU\\Software\\Firma\\Alt";
     EXPECT_THAT(RunError(), IsError(-2147220466, kSource,
                                     "Die Liste der Registryschlüssel für den Pfad der "
                                     "Systemdatenbank konnte nicht analysiert werden."));
     EXPECT_EQ(DebugLines().back(), "Schlüsselliste konnte nicht aufgelöst werden");
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().testMode = true;
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
 }

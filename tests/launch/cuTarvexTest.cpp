@@ -22,79 +22,40 @@ concept HasSettableResults = requires(T object, std::u16string text) {
     object.SetRegProfileKey(text);
 };
 
-struct TextProperty {
-    const std::u16string& (cuTarvex::*get)() const;
-    void (cuTarvex::*set)(std::u16string);
-};
-
-const TextProperty kTexts[] = {
-    {&cuTarvex::AccRegListString, &cuTarvex::SetAccRegListString},
-    {&cuTarvex::AccPath, &cuTarvex::SetAccPath},
-    {&cuTarvex::Cmd, &cuTarvex::SetCmd},
-    {&cuTarvex::DBPath, &cuTarvex::SetDBPath},
-    {&cuTarvex::DBRegListString, &cuTarvex::SetDBRegListString},
-    {&cuTarvex::DBFilename, &cuTarvex::SetDBFilename},
-    {&cuTarvex::Macro, &cuTarvex::SetMacro},
-    {&cuTarvex::Profile, &cuTarvex::SetProfile},
-    {&cuTarvex::SystemDBPath, &cuTarvex::SetSystemDBPath},
-    {&cuTarvex::SystemDBUser, &cuTarvex::SetSystemDBUser},
-    {&cuTarvex::SystemDBPwd, &cuTarvex::SetSystemDBPwd},
-    {&cuTarvex::SystemDBRegListString, &cuTarvex::SetSystemDBRegListString},
-    {&cuTarvex::SystemDBFilename, &cuTarvex::SetSystemDBFilename},
-};
-
-const TextProperty kMarkers[] = {
-    {&cuTarvex::RegListSeparator, &cuTarvex::SetRegListSeparator},
-    {&cuTarvex::RegListSubDirSeparator, &cuTarvex::SetRegListSubDirSeparator},
-    {&cuTarvex::RegListFilenameSeparator, &cuTarvex::SetRegListFilenameSeparator},
+/// Every text, marker and switch of the properties, so that none is forgotten.
+constexpr std::u16string LaunchProperties::*kTexts[] = {
+    &LaunchProperties::accRegListString,
+    &LaunchProperties::accPath,
+    &LaunchProperties::cmd,
+    &LaunchProperties::dbPath,
+    &LaunchProperties::dbRegListString,
+    &LaunchProperties::dbFilename,
+    &LaunchProperties::macro,
+    &LaunchProperties::profile,
+    &LaunchProperties::systemDBPath,
+    &LaunchProperties::systemDBUser,
+    &LaunchProperties::systemDBPwd,
+    &LaunchProperties::systemDBRegListString,
+    &LaunchProperties::systemDBFilename,
 };
 
 struct Switch {
-    bool (cuTarvex::*get)() const;
-    void (cuTarvex::*set)(bool);
+    bool LaunchProperties::*value;
     bool isReset;  ///< by SetDefaults
 };
 
-const Switch kSwitches[] = {
-    {&cuTarvex::OptionCompact, &cuTarvex::SetOptionCompact, true},
-    {&cuTarvex::OptionExclusive, &cuTarvex::SetOptionExclusive, true},
-    {&cuTarvex::OptionNoStartup, &cuTarvex::SetOptionNoStartup, true},
-    {&cuTarvex::OptionReadOnly, &cuTarvex::SetOptionReadOnly, true},
-    {&cuTarvex::OptionRepair, &cuTarvex::SetOptionRepair, true},
-    {&cuTarvex::OptionRuntime, &cuTarvex::SetOptionRuntime, true},
-    {&cuTarvex::OptionDecompile, &cuTarvex::SetOptionDecompile, false},
-    {&cuTarvex::TestMode, &cuTarvex::SetTestMode, false},
-    {&cuTarvex::TestModeError, &cuTarvex::SetTestModeError, false},
-    {&cuTarvex::VerifyProfile, &cuTarvex::SetVerifyProfile, false},
+constexpr Switch kSwitches[] = {
+    {&LaunchProperties::optionCompact, true},    {&LaunchProperties::optionExclusive, true},
+    {&LaunchProperties::optionNoStartup, true},  {&LaunchProperties::optionReadOnly, true},
+    {&LaunchProperties::optionRepair, true},     {&LaunchProperties::optionRuntime, true},
+    {&LaunchProperties::optionDecompile, false}, {&LaunchProperties::testMode, false},
+    {&LaunchProperties::verifyProfile, false},
 };
 
-void SetEverything(cuTarvex& tarvex) {
-    std::u16string value = u"a";
-    for (const TextProperty& text : kTexts) {
-        (tarvex.*text.set)(value += u"x");
-    }
-    for (const TextProperty& marker : kMarkers) {
-        (tarvex.*marker.set)(value += u"x");
-    }
-    for (const Switch& option : kSwitches) {
-        (tarvex.*option.set)(true);
-    }
-    tarvex.SetAccVersion(3);
-}
-
-/// Expects the texts of SetEverything and returns the last of them.
-std::u16string ExpectTexts(const cuTarvex& tarvex) {
-    std::u16string value = u"a";
-    for (const TextProperty& text : kTexts) {
-        EXPECT_EQ((tarvex.*text.get)(), value += u"x");
-    }
-    return value;
-}
-
 void ExpectDefaultMarkersAndVersion(const cuTarvex& tarvex) {
-    EXPECT_EQ(tarvex.RegListSeparator(), u"%|%");
-    EXPECT_EQ(tarvex.RegListSubDirSeparator(), u"%|SubDir|%");
-    EXPECT_EQ(tarvex.RegListFilenameSeparator(), u"%|Filename%|");
+    EXPECT_EQ(tarvex.Properties().markers.list, u"%|%");
+    EXPECT_EQ(tarvex.Properties().markers.subFolder, u"%|SubDir|%");
+    EXPECT_EQ(tarvex.Properties().markers.fileName, u"%|Filename%|");
     EXPECT_EQ(tarvex.AccVersion(), 0);
 }
 
@@ -105,38 +66,36 @@ static_assert(!HasSettableResults<cuTarvex>);
 using cuTarvexTest = LaunchFixture;
 
 TEST_F(cuTarvexTest, NewObjectIsEmptyButForTheMarkers) {
-    for (const TextProperty& text : kTexts) {
-        EXPECT_EQ((tarvex_.*text.get)(), u"");
+    for (const auto text : kTexts) {
+        EXPECT_EQ(tarvex_.Properties().*text, u"");
     }
     for (const Switch& option : kSwitches) {
-        EXPECT_FALSE((tarvex_.*option.get)());
+        EXPECT_FALSE(tarvex_.Properties().*option.value);
     }
     ExpectDefaultMarkersAndVersion(tarvex_);
     EXPECT_EQ(tarvex_.CommandLine(), u"");
     EXPECT_EQ(tarvex_.CommandLineHiddenUserPW(), u"");
     EXPECT_EQ(tarvex_.DebugLog(), u"");
-}
-
-TEST_F(cuTarvexTest, PropertiesKeepWhatTheyAreGiven) {
-    SetEverything(tarvex_);
-    std::u16string value = ExpectTexts(tarvex_);
-    for (const TextProperty& marker : kMarkers) {
-        EXPECT_EQ((tarvex_.*marker.get)(), value += u"x");
-    }
-    for (const Switch& option : kSwitches) {
-        EXPECT_TRUE((tarvex_.*option.get)());
-        (tarvex_.*option.set)(false);
-        EXPECT_FALSE((tarvex_.*option.get)());
-    }
-    EXPECT_EQ(tarvex_.AccVersion(), 3);
+    EXPECT_FALSE(tarvex_.TestModeError());
 }
 
 TEST_F(cuTarvexTest, DefaultsResetMarkersVersionAndSixOptionsOnly) {
-    SetEverything(tarvex_);
-    tarvex_.SetDefaults();
-    ExpectTexts(tarvex_);
+    LaunchProperties& properties = tarvex_.Properties();
+    for (const auto text : kTexts) {
+        properties.*text = u"x";
+    }
     for (const Switch& option : kSwitches) {
-        EXPECT_EQ((tarvex_.*option.get)(), !option.isReset);
+        properties.*option.value = true;
+    }
+    properties.markers = {u"a", u"b", u"c"};
+    tarvex_.SetAccVersion(3);
+    EXPECT_EQ(tarvex_.AccVersion(), 3);
+    tarvex_.SetDefaults();
+    for (const auto text : kTexts) {
+        EXPECT_EQ(properties.*text, u"x");
+    }
+    for (const Switch& option : kSwitches) {
+        EXPECT_EQ(properties.*option.value, !option.isReset);
     }
     ExpectDefaultMarkersAndVersion(tarvex_);
 }
@@ -175,11 +134,11 @@ protected:
     void ConfigureKunden() {
         InstallAccess();
         files.AddFile(u"C:\\Prog\\Daten\\Kunden.mdb");
-        tarvex_.SetDBPath(u"Daten");
-        tarvex_.SetDBFilename(u"Kunden.mdb");
-        tarvex_.SetSystemDBUser(u"Meier");
-        tarvex_.SetSystemDBPwd(u"a/b");
-        tarvex_.SetOptionRuntime(true);
+        tarvex_.Properties().dbPath = u"Daten";
+        tarvex_.Properties().dbFilename = u"Kunden.mdb";
+        tarvex_.Properties().systemDBUser = u"Meier";
+        tarvex_.Properties().systemDBPwd = u"a/b";
+        tarvex_.Properties().optionRuntime = true;
     }
 };
 
@@ -236,11 +195,11 @@ TEST_F(GetCommandLineTest, FailureLeavesTheLogUpToItAndNoLines) {
 
 TEST_F(GetCommandLineTest, EachRunStartsAnew) {
     InstallAccess();
-    tarvex_.SetTestMode(true);
-    tarvex_.SetDBFilename(u"fehlt.mdb");
+    tarvex_.Properties().testMode = true;
+    tarvex_.Properties().dbFilename = u"fehlt.mdb";
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_TRUE(tarvex_.TestModeError());
-    tarvex_.SetDBFilename(u"");
+    tarvex_.Properties().dbFilename = u"";
     EXPECT_TRUE(tarvex_.GetCommandLine());
     EXPECT_FALSE(tarvex_.TestModeError());
     const std::u16string log = tarvex_.DebugLog();
@@ -264,10 +223,10 @@ TEST_F(GetCommandLineTest, StepsRunInOrder) {
 
 TEST_F(GetCommandLineTest, FailedStepStopsTheRest) {
     InstallAccess();
-    tarvex_.SetDBFilename(u"fehlt.mdb");
-    tarvex_.SetSystemDBFilename(u"System.mdw");
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().dbFilename = u"fehlt.mdb";
+    tarvex_.Properties().systemDBFilename = u"System.mdw";
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
     EXPECT_TRUE(RunError().has_value());
     EXPECT_EQ(files.log, (std::vector<std::u16string>{u"exists C:\\Office\\msaccess.exe",
                                                       u"exists C:\\Prog\\fehlt.mdb"}));
@@ -283,7 +242,7 @@ TEST_F(GetCommandLineTest, RuntimeErrorInsideAStepKeepsNumberAndDescription) {
     } failing;
     cuTarvex tarvex({failing, files, codec, codec, ui, program});
     EXPECT_THAT(ErrorOf([&] { tarvex.GetCommandLine(); }),
-                IsError(runtime_error::kOutOfMemory, "Tarvex: : GetCommandLine",
+                IsError(NumberOf(RuntimeError::OutOfMemory), "Tarvex: : GetCommandLine",
                         "Nicht genügend Speicher"));
     EXPECT_EQ(Lines(tarvex.DebugLog()).size(), 3U);
 }
@@ -314,7 +273,7 @@ TEST_P(TestModeTest, FailureRaisesInANormalRun) {
 }
 
 TEST_P(TestModeTest, FailureIsNotedOrRaisedInTestMode) {
-    tarvex_.SetTestMode(true);
+    tarvex_.Properties().testMode = true;
     const auto error = RunError();
     EXPECT_EQ(error.has_value(), !GetParam().softened);
     EXPECT_EQ(tarvex_.TestModeError(), GetParam().softened);
@@ -324,32 +283,33 @@ TEST_P(TestModeTest, FailureIsNotedOrRaisedInTestMode) {
 INSTANTIATE_TEST_SUITE_P(
     LaunchErrors, TestModeTest,
     ::testing::Values(
-        Failure{2, false, [](cuTarvex& tarvex) { tarvex.SetAccPath(u""); }},
-        Failure{3, true, [](cuTarvex& tarvex) { tarvex.SetAccPath(u"D:\\"); }},
-        Failure{5, true, [](cuTarvex& tarvex) { tarvex.SetDBFilename(u"fehlt.mdb"); }},
-        Failure{6, true, [](cuTarvex& tarvex) { tarvex.SetCmd(u"x"); }},
+        Failure{2, false, [](cuTarvex& tarvex) { tarvex.Properties().accPath = u""; }},
+        Failure{3, true, [](cuTarvex& tarvex) { tarvex.Properties().accPath = u"D:\\"; }},
+        Failure{5, true, [](cuTarvex& tarvex) { tarvex.Properties().dbFilename = u"fehlt.mdb"; }},
+        Failure{6, true, [](cuTarvex& tarvex) { tarvex.Properties().cmd = u"x"; }},
         Failure{7, true,
                 [](cuTarvex& tarvex) {
-                    tarvex.SetProfile(u"Büro");
-                    tarvex.SetVerifyProfile(true);
+                    tarvex.Properties().profile = u"Büro";
+                    tarvex.Properties().verifyProfile = true;
                 }},
-        Failure{9, true, [](cuTarvex& tarvex) { tarvex.SetSystemDBFilename(u"fehlt.mdw"); }},
+        Failure{9, true,
+                [](cuTarvex& tarvex) { tarvex.Properties().systemDBFilename = u"fehlt.mdw"; }},
         Failure{10, false,
                 [](cuTarvex& tarvex) {
-                    tarvex.SetRegListSeparator(u"");
-                    tarvex.SetAccRegListString(u"x");
+                    tarvex.Properties().markers.list = u"";
+                    tarvex.Properties().accRegListString = u"x";
                 }},
         Failure{11, false, [](cuTarvex& tarvex) { tarvex.RegListAdd(0, u"HKLM\\A\\B"); }},
         Failure{12, true,
                 [](cuTarvex& tarvex) {
-                    tarvex.SetRegListSeparator(u"");
-                    tarvex.SetDBRegListString(u"x");
+                    tarvex.Properties().markers.list = u"";
+                    tarvex.Properties().dbRegListString = u"x";
                 }},
         Failure{13, true, [](cuTarvex& tarvex) { tarvex.RegListAdd(1, u"HKLM\\A\\B"); }},
         Failure{14, true,
                 [](cuTarvex& tarvex) {
-                    tarvex.SetRegListSeparator(u"");
-                    tarvex.SetSystemDBRegListString(u"x");
+                    tarvex.Properties().markers.list = u"";
+                    tarvex.Properties().systemDBRegListString = u"x";
                 }},
         Failure{15, true, [](cuTarvex& tarvex) { tarvex.RegListAdd(2, u"HKLM\\A\\B"); }}));
 

@@ -8,13 +8,13 @@ namespace tarvex {
 
 namespace {
 
-struct Message {
-    std::int32_t id;
+struct Entry {
+    std::int32_t number;
     std::u16string_view text;
 };
 
-constexpr Message kMessages[] = {
-#define TARVEX_MESSAGE(id, text) {id, u"" text},
+constexpr Entry kEntries[] = {
+#define TARVEX_MESSAGE(number, name, text) {number, u"" text},
 #include "resources/Messages.inc"
 #undef TARVEX_MESSAGE
 };
@@ -22,10 +22,9 @@ constexpr Message kMessages[] = {
 }  // namespace
 
 std::u16string MessageTable::Load(std::int32_t id) const {
-    const auto* const found =
-        std::find_if(std::begin(kMessages), std::end(kMessages),
-                     [id](const Message& message) { return message.id == id; });
-    return found == std::end(kMessages) ? std::u16string() : std::u16string(found->text);
+    const auto* const found = std::find_if(std::begin(kEntries), std::end(kEntries),
+                                           [id](const Entry& entry) { return entry.number == id; });
+    return found == std::end(kEntries) ? std::u16string() : std::u16string(found->text);
 }
 
 }  // namespace tarvex
