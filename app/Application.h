@@ -41,7 +41,7 @@ public:
     /// The launch object; null until the start step has made it.
     const cuTarvex* Tarvex() const { return tarvex_.get(); }
 
-    /// Runs the whole launch sequence. Never raises: an error ends the sequence and is shown.
+    /// Runs the whole launch sequence. An error ends the sequence and is shown.
     void Init();
 
     /// Shows a text in the log window; returns when it has closed.

@@ -8,7 +8,7 @@ namespace tarvex {
 namespace {
 
 // Folded by hand: locale functions and the rules for UTF-16 text ignore zero bytes or see letters
-// in what is no text.
+// in bytes that are not text.
 void FoldAscii(std::string& bytes) {
     for (char& byte : bytes) {
         if (byte >= 'A' && byte <= 'Z') {

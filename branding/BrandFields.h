@@ -78,9 +78,8 @@ inline constexpr KeyListFields kPicRegList{28};
 inline constexpr KeyListFields kSysDBRegList{54};
 
 /// All fields in the order in which their marks stand in the program and in the diagnostic report.
-/// Kept: not the order of the numbers. Reports are compared line by line with older ones, and a
-/// file whose marks stood by number could hide a reader that counts on it; files of other builds
-/// may have another order.
+/// Kept: this order, which is not that of the numbers, because vendors compare reports line by line
+/// with older ones. Files of other builds may have another one.
 inline constexpr std::array<BrandField, 67> kBrandFields{{
     {kFieldAppName, 50, u"AppName", FieldKind::Text},
     {kFieldFileID, 10, u"FileID", FieldKind::Text},

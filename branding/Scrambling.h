@@ -25,7 +25,7 @@ std::u16string ScrambleBrandValue(std::u16string_view value, const TextCodec& co
                                   ScrambleKey key);
 
 /// The plain text of a list of numbers joined by "#", the form of user names and passwords below
-/// the brand value scrambling. Empty parts are skipped. A part that is no number raises runtime
+/// the brand value scrambling. Empty parts are skipped. A part that is not a number raises runtime
 /// error 13, a number above 255 runtime error 5.
 std::u16string DecodeNumberList(std::u16string_view list, const TextCodec& codec);
 std::u16string DecodeNumberList(std::u16string_view list, const TextCodec& codec, ScrambleKey key);

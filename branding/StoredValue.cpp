@@ -48,8 +48,9 @@ std::u16string LostCharacterProblem(std::u16string_view plain, std::u16string_vi
         *std::mismatch(plain.begin(), plain.end(), readBack.begin(), readBack.end()).first);
 }
 
-/// The loader drops blanks at the ends of a stored value. A character at the end of the value that
-/// comes out as one is kept by a plain blank beside it, which is dropped again when it is read.
+/// Kept: the loader drops blanks at the ends of a stored value, as every launcher in use does. A
+/// character at the end of the value that comes out as one is kept by a plain blank beside it,
+/// which is dropped again when it is read.
 std::u16string ScrambleKeepingEnds(std::u16string plain, const TextCodec& codec) {
     std::u16string stored = ScrambleBrandValue(plain, codec);
     if (!stored.empty() && stored.front() == kBlank) {

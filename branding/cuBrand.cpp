@@ -240,8 +240,8 @@ std::int64_t cuBrand::SeekData(std::u16string_view text) const {
             if (joined == 0) {
                 continue;
             }
-            // The position in a last, partial block is not that of the text. It stays so, because
-            // tools rely on the files that come out of it.
+            // Kept: the position in a last, partial block is not that of the text. Launchers that
+            // were written that way are in use, and tools know where to find what is in them.
             const std::int64_t position =
                 full ? (blockNumber - 1) * static_cast<std::int64_t>(kBlockSize) + joined - previous
                      : previous + joined + 1;

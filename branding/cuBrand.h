@@ -79,6 +79,7 @@ public:
     /// Whether the running program's own marker says that it is branded.
     bool OwnMarkerIsBranded() const;
 
+    /// Kept: the name, which users know from error reports.
     /// Constants mode only (error 6). Replaces the items by the marks among the given texts; other
     /// texts are skipped. True when there are any and the program is branded.
     bool LoadFomConstants(const std::vector<std::u16string>& marks);

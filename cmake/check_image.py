@@ -52,7 +52,7 @@ for first, list_name in ((3, "Acc"), (15, "DB"), (28, "Pic"), (54, "SysDB")):
     for index in range(10):
         FIELDS[first + index] = (500, f"{list_name}RegList{index + 1:02}")
 
-# Every function here exists on Windows XP, the oldest system that Access runs on. Other DLLs are
+# Every function here exists on Windows XP, the oldest system that the launcher starts on. Other DLLs are
 # loaded from the system folder when they are first needed: an import would be looked for in the
 # launcher's own folder first.
 IMPORTS = {
@@ -134,7 +134,7 @@ def positions(data, pattern):
 
 
 def check_record(data, start, text):
-    """The byte count before a text and the zero character behind it."""
+    """The byte count before a text and the zero character after it."""
     size = 2 * len(text)
     if start % BOUNDARY:
         yield f"{text[:30]!r} at {start:#x} is not on a {BOUNDARY}-byte boundary"
@@ -191,13 +191,13 @@ class Image:
         self.data = data
         header, = struct.unpack_from("<I", data, 0x3C)
         if data[:2] != b"MZ" or data[header:header + 4] != b"PE\0\0":
-            raise ValueError("it is no Windows program")
+            raise ValueError("it is not a Windows program")
         self.machine, section_count = struct.unpack_from("<HH", data, header + 4)
         optional_size, = struct.unpack_from("<H", data, header + 20)
         optional = header + 24
         self.magic, = struct.unpack_from("<H", data, optional)
         if self.magic != 0x10B:
-            raise ValueError("it is no 32-bit program")
+            raise ValueError("it is not a 32-bit program")
         self.system_version = struct.unpack_from("<HH", data, optional + 48)
         self.subsystem, = struct.unpack_from("<H", data, optional + 68)
         self.import_address, = struct.unpack_from("<I", data, optional + 104)
@@ -240,7 +240,7 @@ def check_program(data):
         if image.machine != 0x14C:
             yield "it is not for i386"
         if image.subsystem != 2:
-            yield "it is no program with windows only"
+            yield "it is not a program with windows only"
         if image.system_version > (5, 1):
             yield f"it needs Windows {image.system_version[0]}.{image.system_version[1]}"
         if image.signature_size:
@@ -250,7 +250,7 @@ def check_program(data):
         for dll, function in image.imports():
             known = IMPORTS.get(dll.lower())
             if known is None:
-                yield f"it imports {function} from {dll}, which is no known system DLL"
+                yield f"it imports {function} from {dll}, which is not a known system DLL"
             elif function not in known.split():
                 yield f"it imports {function} from {dll}, which Windows XP is not known to have"
     except (ValueError, struct.error) as error:

@@ -29,7 +29,7 @@ struct CommandLine {
     std::u16string answer;      ///< the help or version text asked for, lines with "\n"
 };
 
-/// Reads the arguments behind the program's name; never fails.
+/// Reads the arguments after the program's name. What is wrong with them is in the result.
 CommandLine ParseCommandLine(const std::vector<std::u16string>& arguments);
 
 }  // namespace tarvex

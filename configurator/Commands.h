@@ -26,8 +26,8 @@ public:
 
     explicit Commands(const ConfiguratorEnvironment& environment) : environment_(environment) {}
 
-    /// Does what the arguments behind the program's name ask for and returns the exit code. Results
-    /// go to the console's output, problems to its error output, one line each. Never raises.
+    /// Does what the arguments after the program's name ask for and returns the exit code. Results
+    /// go to the console's output, problems to its error output, one line each.
     int Run(const std::vector<std::u16string>& arguments);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace tarvex {
 
-/// Standard input and output of a console program. No call raises.
+/// Standard input and output of a console program.
 class Console {
 public:
     virtual ~Console() = default;

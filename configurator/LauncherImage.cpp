@@ -91,7 +91,7 @@ std::optional<Header> ReadHeader(std::string_view bytes, std::size_t start) {
                   std::u16string(rest.substr(0, end)), 18 + end};
 }
 
-/// The constant that holds a mark has a byte count before the text and a zero behind it.
+/// The constant that holds a mark has a byte count before the text and a zero after it.
 bool IsWholeConstant(std::string_view bytes, std::size_t start, std::size_t characters) {
     const std::size_t size = 2 * characters;
     if (start < 4 || bytes.size() - start < size + 2) {

@@ -23,8 +23,8 @@ public:
     /// Reads a file's bytes; never fails. `name` names the file in the problems.
     static LauncherImage Read(std::string_view bytes, std::u16string_view name);
 
-    /// Why the file cannot be used at all: it is no 32-bit program, its marks are not the complete
-    /// set (each missing or damaged one is named), it has no marker.
+    /// Why the file cannot be used at all: it is not a 32-bit program, its marks are not the
+    /// complete set (each missing or damaged one is named), it has no marker.
     const Problems& ReadProblems() const { return readProblems_; }
 
     /// Why it must not be changed although it can be read: it is signed, or a mark or the marker

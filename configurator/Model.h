@@ -24,7 +24,7 @@ using Problems = std::vector<Problem>;
 /// "Kunden.ini, Zeile 12, Pwd: ..." without a line break; a line break inside becomes a blank.
 std::u16string ProblemLine(const Problem& problem);
 
-/// Adds the problems of `more` behind those of `problems`.
+/// Adds the problems of `more` to the end of `problems`.
 void Append(Problems& problems, Problems more);
 
 /// Plain values of fields, each with the line of the settings file that it came from.

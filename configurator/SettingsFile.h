@@ -15,7 +15,7 @@ struct ParsedSettings {
 
 /// Reads a settings file (UTF-8, a byte order mark is skipped). Lines are "Name = Value",
 /// "[Section]", empty, or comments, which begin with ";" or "#". A line that begins with a blank
-/// or tab continues the value on the line above it: the value goes on behind a CR LF with the rest
+/// or tab continues the value on the line above it: the value goes on after a CR LF with the rest
 /// of that line. Blanks at both ends of the whole value are dropped, everything else is literal.
 /// `name` names the file in the problems.
 ParsedSettings ParseSettings(std::string_view bytes, std::u16string_view name,

@@ -21,7 +21,7 @@ void WriteAll(int file, std::u16string_view text) {
     }
 }
 
-/// Keeps what is typed off the screen; does nothing when the input is no terminal.
+/// Keeps what is typed off the screen; does nothing when the input is not a terminal.
 class EchoOff {
 public:
     explicit EchoOff(int file) : file_(file), isTerminal_(tcgetattr(file, &before_) == 0) {

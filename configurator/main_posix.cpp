@@ -10,8 +10,8 @@ int main(int argc, char** argv) {
         arguments.push_back(tarvex::text::FromUtf8(argv[i]));
     }
     tarvex::PosixFileStore store;
-    // The launcher reads its settings in the code page of the Windows that it runs on; elsewhere
-    // there is no such thing to ask for.
+    // The launcher reads its settings in the code page of the Windows that it runs on. There is
+    // none to ask for here, and nearly all its users have this one.
     const tarvex::TextCodec1252 codec;
     tarvex::SystemConsole console;
     return tarvex::Commands({store, codec, console}).Run(arguments);

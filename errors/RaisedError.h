@@ -20,7 +20,7 @@ struct RaisedError {
     std::int32_t line = 0;  ///< of the failing statement, 0 when not known
 };
 
-/// Adds a place behind the places named so far: "cuBrand: Save" or "first | second".
+/// Adds a place after the places named so far: "cuBrand: Save" or "first | second".
 void ExtendSource(RaisedError& error, std::u16string_view place);
 
 /// The exception being handled as a numbered error: a RaisedError as it is, a file failure or an

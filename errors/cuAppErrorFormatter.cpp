@@ -30,8 +30,8 @@ std::u16string LayOutRow(const Row& row, std::size_t labelWidth) {
                                  text::kLineBreak, nextLine);
 }
 
-/// Line ends inside a paragraph and runs of blanks become a blank; runs of more than three blanks
-/// may leave more than one.
+/// Line ends inside a paragraph and runs of blanks become a blank. Kept: runs of more than three
+/// blanks may leave more than one, as reports have always been wrapped.
 std::u16string Smooth(std::u16string_view paragraph) {
     std::u16string smooth(paragraph);
     std::replace(smooth.begin(), smooth.end(), u'\r', u' ');

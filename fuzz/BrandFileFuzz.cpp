@@ -59,7 +59,7 @@ private:
     std::string& bytes_;
 };
 
-/// The input behind so much filler that it can lie across the end of a block: two bytes say how
+/// The input after so much filler that it can lie across the end of a block: two bytes say how
 /// much.
 std::string MakeFile(const std::uint8_t* data, std::size_t size) {
     std::string bytes = ToUtf16Bytes(MarkerText(size % 2 == 0));

@@ -165,6 +165,7 @@ std::u16string ResolveDatabase(LaunchRun& run) {
     if (!path.empty()) {
         CheckDatabaseFile(run, kDatabase, path);
     } else if (NeedsDatabase(properties)) {
+        // Kept: the missing comma in the list, because support searches logs for this line.
         run.log.AddLog(
             u"Datenbank nicht angegeben, aber eine der Optionen /Runtime, /ReadOnly, /Compact, "
             u"/Repair /Decompile/Macro/Cmd");

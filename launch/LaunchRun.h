@@ -9,7 +9,7 @@
 
 namespace tarvex {
 
-/// One pass through the resolution steps: what they read, and what they leave behind for the user.
+/// One pass through the resolution steps: what they read, and what they leave for the user.
 /// Refers to objects that outlive it.
 struct LaunchRun {
     const LaunchEnvironment& environment;

@@ -20,7 +20,7 @@ std::u16string JoinPath(std::u16string_view folder, std::u16string_view name);
 std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view extension);
 
 /// A configured folder as an absolute one that ends in "\". Absolute are folders that begin with
-/// "\\" or have ":\" behind their first character; every other one starts at `launcherFolder`.
+/// "\\" or have ":\" after their first character; every other one starts at `launcherFolder`.
 /// Only a folder that begins with "..\" is walked level by level, never above a drive's root or a
 /// network share; in all others the text stays as it was typed. Empty for an empty folder. The
 /// steps taken for a relative folder are written to `log` when there is one.

@@ -42,7 +42,7 @@ std::int32_t HKeyFromName(std::u16string_view name);
 /// raises: the walk through a list goes on after an entry that cannot be read.
 KeyListParse ParseKeyListEntry(std::u16string_view entry, const KeyListMarkers& markers = {});
 
-/// The reverse of ParseKeyListEntry. Empty when the entry's root is no root key.
+/// The reverse of ParseKeyListEntry. Empty when the entry's root is not a root key.
 std::u16string BuildKeyListEntry(const KeyListEntry& entry, const KeyListMarkers& markers = {});
 
 /// The text of a registry value: cut before its first zero character, or trimmed of blanks when it

@@ -8,8 +8,9 @@
 
 namespace tarvex {
 
-/// The system calls behind a message box whose buttons are renamed while it is open. Texts reach
-/// the system in its ANSI code page. Only ShowMessageBox may raise, and only before the box shows.
+/// The system calls that a message box is made of whose buttons are renamed while it is open. Texts
+/// reach the system in its ANSI code page. Failures show in the results; memory may run out in
+/// ShowMessageBox, but only before the box shows.
 class CaptionBoxApi {
 public:
     using TimerProcedure = void (*)() noexcept;

@@ -26,7 +26,7 @@ struct FileDialogEnd {
     std::uint32_t failure = 0;  ///< the system's error number; 0 when the user cancelled
 };
 
-/// The system's dialogs for choosing files and folders. No call raises.
+/// The system's dialogs for choosing files and folders. Failures show in the results.
 class CommonDialogs {
 public:
     virtual ~CommonDialogs() = default;

@@ -68,7 +68,7 @@ public:
 
     /// Writes the bytes to a new file in the folder of `path`, flushed to the disk, and returns its
     /// path. `path` itself need not exist and is not touched; when it is a file, the new one gets
-    /// its permission bits. Nothing is left behind when the call fails.
+    /// its permission bits. No file is left when the call fails.
     virtual std::u16string WriteNewBeside(std::u16string_view path, std::string_view bytes) = 0;
 
     /// Flushes `temp`, which may have been changed since WriteNewBeside, and gives it the name

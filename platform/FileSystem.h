@@ -6,7 +6,8 @@
 namespace tarvex {
 
 /// What the launcher does with files: it looks for them, and writes its log and a saved report.
-/// No call raises; paths are Windows paths, relative ones start at the current directory.
+/// Failures show in the results. Paths are Windows paths, relative ones start at the current
+/// directory.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;

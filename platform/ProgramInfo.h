@@ -9,7 +9,7 @@ namespace tarvex {
 struct ProgramInfo {
     std::u16string folder;   ///< of the executable, without a closing "\" except at a drive's root
     std::u16string exeName;  ///< file name without its last extension: "Kunden" for Kunden.exe
-    std::u16string arguments;  ///< command line behind the program name, as it was typed
+    std::u16string arguments;  ///< command line after the program name, as it was typed
 };
 
 /// From the executable's path and the whole command line, whose program name is cut off as the

@@ -17,7 +17,7 @@ inline constexpr std::int32_t kHKeyUsers = INT32_MIN + 3;
 inline constexpr std::int32_t kNoHKey = -1;
 
 /// Read access to the Windows registry through its ANSI interface. Nothing is ever written. Each
-/// call opens the key, reads and closes it. No call raises.
+/// call opens the key, reads and closes it. Failures show in the results.
 class Registry {
 public:
     virtual ~Registry() = default;

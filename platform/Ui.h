@@ -27,7 +27,7 @@ struct MessageBoxRequest {
 };
 
 /// The parts of the user interface that every layer may need: the mouse pointer and the plain
-/// system message box. No call raises.
+/// system message box. Failures show in the results.
 class Ui {
 public:
     virtual ~Ui() = default;

@@ -7,7 +7,7 @@
 
 namespace tarvex {
 
-/// The system's functions for the version resource of a file. No call raises.
+/// The system's functions for the version resource of a file. Failures show in the results.
 class VersionResource {
 public:
     virtual ~VersionResource() = default;

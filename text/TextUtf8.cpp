@@ -41,7 +41,7 @@ bool IsSurrogate(char32_t point) {
     return point >= 0xD800 && point <= 0xDFFF;
 }
 
-/// Reads one character and moves `position` behind it, at least by one byte.
+/// Reads one character and moves `position` to what follows it, by one byte at least.
 char32_t NextPoint(std::string_view utf8, std::size_t& position) {
     const auto byte = [utf8](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
     const unsigned first = byte(position++);

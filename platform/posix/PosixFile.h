@@ -14,7 +14,8 @@ namespace tarvex {
 /// An open file descriptor; closes with the object.
 class PosixFile {
 public:
-    /// Opens an existing file as open(2) does. Throws FileFailure, also when it is no regular file.
+    /// Opens an existing file as open(2) does. Throws FileFailure, also when it is not a regular
+    /// file.
     PosixFile(const std::string& path, int flags);
 
     /// Creates a file for writing; none when there is one of that name. Throws FileFailure.

@@ -13,7 +13,7 @@ struct PictureBitmap {
 };
 
 /// Loads a picture file (.bmp, .jpg and what else the system's picture loader knows; the content
-/// counts, not the name). Never raises: a missing, damaged or too large file gives no bitmap.
+/// counts, not the name). A missing, damaged or too large file gives no bitmap.
 PictureBitmap LoadPictureBitmap(std::u16string_view path);
 
 }  // namespace tarvex

@@ -9,7 +9,7 @@ namespace tarvex {
 namespace {
 
 /// Folders may be no longer than this in the ordinary notation, since a name of the old 8.3 form
-/// must fit behind them; files could be twelve characters longer.
+/// must fit after them; files could be twelve characters longer.
 constexpr std::size_t kLongestOrdinaryPath = 247;
 
 }  // namespace

@@ -10,7 +10,7 @@ namespace tarvex {
 
 namespace {
 
-/// VerQueryValueA puts a converted text behind the length that the block states for itself, which a
+/// VerQueryValueA puts a converted text after the end that the block states for itself, which a
 /// damaged block may state as any of 16 bits: a block of up to 64 KiB, a place in it and a text.
 constexpr std::size_t kRoomBehindBlock = 3 * 0x10000;
 

@@ -41,7 +41,7 @@ inline std::u16string Mark(std::int32_t number, std::int32_t width, std::u16stri
     return MarkHeader(number, width, name) + FitToWidth(value, width);
 }
 
-/// Bytes of a file into which marks and markers are put. The filler is no text of any mark.
+/// Bytes of a file into which marks and markers are put. The filler is not part of any mark.
 class FileBytes {
 public:
     explicit FileBytes(std::size_t length) : bytes_(length, '\x5A') {}

@@ -100,7 +100,7 @@ def wine(*arguments, timeout=SECONDS_FOR_A_RUN, check=True):
 
 
 def golden(name, drive="C:"):
-    """A text of tests/golden. The file has LF for CR LF and one line break behind the text; its
+    """A text of tests/golden. The file has LF for CR LF and one line break after the text; its
     paths are on drive C:, for which the world's drive is put."""
     text = (GOLDEN / name).read_bytes().decode("utf-8")
     assert text.endswith("\n"), f"{name} does not end in a line break"
@@ -352,7 +352,7 @@ class World:
         return self.run(tail, steps, **options).windows()[-1]
 
     def details(self, tail="", **options):
-        """The text behind "&Details" of the error box."""
+        """The text that "&Details" of the error box shows."""
         shown = ("appear", f"title={LOG_WINDOW}")
         steps = [BOX, ("press", "caption", "&Details"), shown, ("close",), *END]
         return self.run(tail, steps, **options).windows("appear")[-1].edit["text"]

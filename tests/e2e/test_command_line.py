@@ -17,7 +17,7 @@ ALL_FLAGS = {
 
 @pytest.fixture
 def branded(world):
-    """A function that brands with a database and gives the pieces behind it, real and masked."""
+    """A function that brands with a database and gives the pieces after it, real and masked."""
 
     world.write(r"\Prog\Start.mdb")
     start = f'"{world.drive}\\Office\\msaccess.exe" "{world.drive}\\Prog\\Start.mdb"'
@@ -121,7 +121,7 @@ def test_values_are_quoted_once(branded, field, switch, value, quoted):
         ("Müller", "ß ä", ' /user "Müller" /pwd "ß ä"', ' /user "XXXX" /pwd "YYYY"'),
         ("", "geheim", "", ""),
         ("Meier", "", ' /user "Meier"', ' /user "XXXX"'),
-        # The password stands in a path as well: only the value behind /pwd is masked.
+        # The password stands in a path as well: only the value after /pwd is masked.
         ("Start", "Prog", ' /user "Start" /pwd "Prog"', ' /user "XXXX" /pwd "YYYY"'),
     ],
 )

@@ -1,4 +1,4 @@
-"""Every error that can be reached from outside, in the box, behind the details, in the log file and
+"""Every error that can be reached from outside, in the box, in the details, in the log file and
 in test mode, with number, source and whole text."""
 
 import textwrap

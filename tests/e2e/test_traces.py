@@ -1,4 +1,4 @@
-"""What a launch leaves behind, and that no file, however damaged, brings it down."""
+"""Which traces a launch leaves, and that no file, however damaged, brings it down."""
 
 import random
 

@@ -65,8 +65,8 @@ def languages(file):
 
 
 def is_wide(block):
-    """Whether the block is in UTF-16. The key VS_VERSION_INFO begins behind two numbers in blocks
-    of 16-bit files, else behind three."""
+    """Whether the block is in UTF-16. The key VS_VERSION_INFO begins after two numbers in blocks
+    of 16-bit files, else after three."""
     return block[4:6] != b"VS"
 
 

@@ -29,7 +29,7 @@ class DatabaseListTest : public LaunchFixture {
 protected:
     DatabaseListTest() { InstallAccess(); }
 
-    /// The section's lines behind "Schlüsselliste wird aufgelöst".
+    /// The section's lines after "Schlüsselliste wird aufgelöst".
     StringList Resolve() {
         tarvex_.Properties().testMode = true;
         tarvex_.GetCommandLine();
@@ -165,7 +165,7 @@ TEST_F(DatabaseListTest, EntryThatCannotBeReadIsLoggedAndPassedOver) {
               "Der Schlüssellisten-Eintrag 'FOO\\A\\B' enthält keinen Verweis auf den HKey."},
              EntryLines("HKLM\\SOFTWARE\\Firma\\Pfad", "HKLM", "SOFTWARE\\Firma", "Pfad", "-", "-"),
              {"Schlüsselinhalt: D:\\k.mdb", "Datenbank: D:\\k.mdb", "Datenbank: OK"}}));
-    EXPECT_FALSE(ui.pointerDefault) << "a failed entry is no error";
+    EXPECT_FALSE(ui.pointerDefault) << "a failed entry is not an error";
     EXPECT_FALSE(tarvex_.TestModeError());
 }
 
@@ -208,7 +208,7 @@ TEST_F(DatabaseListTest, BlanksOfAStoredPathStay) {
 /// Key lists of the Access executable.
 class AccessListTest : public LaunchFixture {
 protected:
-    /// The section's lines behind the entry's fields, for one entry and its stored text.
+    /// The section's lines after the entry's fields, for one entry and its stored text.
     StringList Resolve(std::u16string_view entry, const std::string& stored) {
         registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Pfad", stored);
         tarvex_.Properties().accRegListString = std::u16string(entry);

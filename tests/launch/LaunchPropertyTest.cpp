@@ -141,7 +141,7 @@ void CheckLog(const StringList& lines) {
     }
 }
 
-/// Behind a file that was missing the walk through a key list goes on or ends without a path.
+/// After a file that was missing the walk through a key list goes on or ends without a path.
 void CheckWalks(const StringList& lines) {
     for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
         if (EndsWith(lines[i], "Nicht vorhanden an dieser Position")) {

@@ -195,7 +195,7 @@ void RandomLaunch::DrawFiles() {
             files.AddFile(call.substr(std::u16string_view(u"exists ").size()));
         }
     }
-    // An executable that no list led to ends the run early: what comes behind it is found later.
+    // An executable that no list led to ends the run early: what comes after it is found later.
     if (lookedFor.size() < 4 && Chance(80)) {
         files.AddFile(program.folder + u"\\" + program.exeName + u".mde");
     }

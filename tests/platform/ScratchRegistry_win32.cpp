@@ -50,7 +50,7 @@ void ScratchRegistry::SetValue(std::int32_t root, std::u16string_view key,
                                std::u16string_view valueName, DWORD type,
                                const std::string& bytes) {
     const HKEY opened = CreateKey(root, key);
-    // The system stores a zero that stands behind the text given, though it is not part of it.
+    // The system stores a zero that follows the text given, though it is not part of it.
     const std::string data = bytes + '#';
     const LONG result = RegSetValueExA(opened, codec_.ToAnsi(valueName).c_str(), 0, type,
                                        reinterpret_cast<const BYTE*>(data.data()),

@@ -25,7 +25,7 @@ const std::u16string& Argument(const Action& action, std::size_t index) {
 std::int32_t Number(const Action& action, std::size_t index) {
     const auto number = text::ParseInt32(Argument(action, index));
     if (!number) {
-        throw StepFailure{u"script", Argument(action, index) + u" is no number"};
+        throw StepFailure{u"script", Argument(action, index) + u" is not a number"};
     }
     return *number;
 }

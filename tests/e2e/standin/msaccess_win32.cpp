@@ -4,7 +4,7 @@
 // else to msaccess.rec beside the program (its own name with another extension). UTF-8, lines end
 // in CR LF, an empty line ends the record:
 //   line=      the command line as it was passed
-//   arg=       each argument behind the program name, as the system splits the line
+//   arg=       each argument after the program name, as the system splits the line
 //   show=      show state asked for by the starting program (3: maximised), "none" when not set
 //   nCmdShow=  the same as WinMain gets it
 //   dir=       current folder
