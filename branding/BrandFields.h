@@ -80,7 +80,7 @@ inline constexpr KeyListFields kSysDBRegList{54};
 /// All fields in the order in which their marks stand in the program and in the diagnostic report.
 /// Kept: this order, which is not that of the numbers, because vendors compare reports line by line
 /// with older ones. Files of other builds may have another one.
-inline constexpr std::array<BrandField, 67> kBrandFields{{
+inline constexpr auto kBrandFields = std::to_array<BrandField>({
     {kFieldAppName, 50, u"AppName", FieldKind::Text},
     {kFieldFileID, 10, u"FileID", FieldKind::Text},
     {kFieldEditPwd, 50, u"EditPwd", FieldKind::Credential},
@@ -148,7 +148,7 @@ inline constexpr std::array<BrandField, 67> kBrandFields{{
     {kPicRegList.Field(8), 500, u"PicRegList08", FieldKind::KeyList},
     {kPicRegList.Field(9), 500, u"PicRegList09", FieldKind::KeyList},
     {kPicRegList.Field(10), 500, u"PicRegList10", FieldKind::KeyList},
-}};
+});
 
 /// The field of that number; null when there is none.
 const BrandField* FindBrandField(std::int32_t number);

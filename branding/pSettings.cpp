@@ -19,6 +19,44 @@ namespace {
 /// The key lists of the launch object by their selectors.
 constexpr KeyListFields kLaunchLists[] = {kAccRegList, kDBRegList, kSysDBRegList};
 
+struct TextField {
+    std::int32_t field;
+    std::u16string LaunchProperties::*property;
+};
+
+/// The launch properties by the fields that hold them.
+constexpr TextField kTextFields[] = {
+    {kFieldAccPath, &LaunchProperties::accPath},
+    {kFieldDBPath, &LaunchProperties::dbPath},
+    {kFieldDBFilename, &LaunchProperties::dbFilename},
+    {kFieldSysDBPath, &LaunchProperties::systemDBPath},
+    {kFieldSysDBFilename, &LaunchProperties::systemDBFilename},
+    {kFieldProfile, &LaunchProperties::profile},
+    {kFieldMacro, &LaunchProperties::macro},
+    {kFieldCmd, &LaunchProperties::cmd},
+};
+
+/// Stored as lists of numbers.
+constexpr TextField kCredentialFields[] = {
+    {kFieldUser, &LaunchProperties::systemDBUser},
+    {kFieldPwd, &LaunchProperties::systemDBPwd},
+};
+
+struct OptionField {
+    std::int32_t field;
+    bool LaunchProperties::*property;
+};
+
+constexpr OptionField kOptionFields[] = {
+    {kFieldCompact, &LaunchProperties::optionCompact},
+    {kFieldDecompile, &LaunchProperties::optionDecompile},
+    {kFieldExclusive, &LaunchProperties::optionExclusive},
+    {kFieldNoStartup, &LaunchProperties::optionNoStartup},
+    {kFieldReadOnly, &LaunchProperties::optionReadOnly},
+    {kFieldRepair, &LaunchProperties::optionRepair},
+    {kFieldRuntime, &LaunchProperties::optionRuntime},
+};
+
 /// Text of lines joined by CR LF, with no line break after the last one.
 class DebugReport {
 public:
@@ -94,27 +132,17 @@ std::unique_ptr<cuTarvex> pSettings::InitTarvex() const {
         auto tarvex = std::make_unique<cuTarvex>(environment_);
         BuildRegLists(*tarvex);
         LaunchProperties& properties = tarvex->Properties();
-        properties.accPath = Value(kFieldAccPath);
-        properties.dbFilename = Value(kFieldDBFilename);
-        properties.dbPath = Value(kFieldDBPath);
-        properties.optionExclusive = Flag(kFieldExclusive);
-        properties.optionRuntime = Flag(kFieldRuntime);
-        properties.optionDecompile = Flag(kFieldDecompile);
-        properties.systemDBFilename = Value(kFieldSysDBFilename);
-        properties.systemDBPath = Value(kFieldSysDBPath);
-        if (const std::u16string user = Value(kFieldUser); !user.empty()) {
-            properties.systemDBUser = DecodeNumberList(user, environment_.settingsCodec);
+        for (const auto& [field, text] : kTextFields) {
+            properties.*text = Value(field);
         }
-        if (const std::u16string password = Value(kFieldPwd); !password.empty()) {
-            properties.systemDBPwd = DecodeNumberList(password, environment_.settingsCodec);
+        for (const auto& [field, option] : kOptionFields) {
+            properties.*option = Flag(field);
         }
-        properties.optionCompact = Flag(kFieldCompact);
-        properties.optionNoStartup = Flag(kFieldNoStartup);
-        properties.optionReadOnly = Flag(kFieldReadOnly);
-        properties.optionRepair = Flag(kFieldRepair);
-        properties.cmd = Value(kFieldCmd);
-        properties.macro = Value(kFieldMacro);
-        properties.profile = Value(kFieldProfile);
+        for (const auto& [field, credential] : kCredentialFields) {
+            if (const std::u16string list = Value(field); !list.empty()) {
+                properties.*credential = DecodeNumberList(list, environment_.settingsCodec);
+            }
+        }
         return tarvex;
     });
 }

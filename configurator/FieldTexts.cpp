@@ -1,122 +1,123 @@
 #include "configurator/FieldTexts.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
 
-struct Meaning {
-    std::int32_t number;
-    std::u16string_view text;
+enum Section { Application, Access, Database, Workgroup, Options, Picture, Diagnosis };
+
+/// The texts of a field, or of all fields of a key list.
+struct Row {
+    Section section;
+    std::int32_t first;
+    std::int32_t count;
+    std::u16string_view meaning;  ///< of a key list: what its entries lead to
 };
 
-constexpr Meaning kMeanings[] = {
-    {kFieldAppName, u"Anzeigename der Anwendung"},
-    {kFieldAccPath, u"Ordner oder voller Pfad von msaccess.exe; relativ zum Startprogramm möglich"},
-    {kFieldDBPath, u"Ordner der Datenbank; relativ zum Startprogramm möglich"},
-    {kFieldDBFilename, u"Dateiname der Datenbank"},
-    {kFieldPicPath, u"Ordner des Startbilds; leer: Ordner des Startprogramms"},
-    {kFieldPicFilename, u"Dateiname des Startbilds (.bmp oder .jpg)"},
-    {kFieldPicDelay, u"Anzeigedauer des Startbilds in Millisekunden; leer oder 0: kein Bild"},
-    {kFieldProfile, u"Name des Access-Profils"},
-    {kFieldUser, u"Benutzername für die Arbeitsgruppendatei, im Klartext"},
-    {kFieldPwd, u"Kennwort zu User, im Klartext"},
-    {kFieldRuntime, u"Schalter: Access im Laufzeitmodus starten"},
-    {kFieldExclusive, u"Schalter: Datenbank exklusiv öffnen"},
-    {kFieldLog, u"Schalter: Starts und Fehler in die Protokolldatei schreiben"},
-    {kFieldReadOnly, u"Schalter: Datenbank schreibgeschützt öffnen"},
-    {kFieldCompact, u"Schalter: Datenbank komprimieren"},
-    {kFieldRepair, u"Schalter: Datenbank reparieren"},
-    {kFieldNoStartup, u"Schalter: ohne Startformular öffnen"},
-    {kFieldCmd, u"Text, den die Datenbank als Befehl erhält"},
-    {kFieldMacro, u"Name des Makros, das ausgeführt wird"},
-    {kFieldSysDBFilename, u"Dateiname der Arbeitsgruppendatei"},
-    {kFieldSysDBPath, u"Ordner der Arbeitsgruppendatei; relativ zum Startprogramm möglich"},
-    {kFieldFileID, u"Kennung dieser Konfiguration für den Diagnosebericht"},
-    {kFieldEditPwd, u"Kennwort für den Diagnosebericht (/D), im Klartext; leer: keines"},
-    {kFieldHCID, u"Hilfethema (Zahl), das bei einer Fehlermeldung geöffnet wird"},
-    {kFieldDecompile, u"Schalter: Datenbank dekompilieren"},
-    {kFieldErrBoxText, u"zusätzlicher Text im Fehlerfenster"},
-    {kFieldErrDebugText, u"zusätzlicher Text über den Fehlerdetails"},
-};
-
-struct KeyListGroup {
-    KeyListFields list;
-    std::u16string_view what;
-};
-
-constexpr KeyListGroup kKeyListGroups[] = {
-    {kAccRegList, u"zu msaccess.exe"},
-    {kDBRegList, u"zur Datenbank"},
-    {kPicRegList, u"zum Startbild"},
-    {kSysDBRegList, u"zur Arbeitsgruppendatei"},
-};
-
-template <std::size_t... counts>
-consteval auto Joined(const std::array<std::int32_t, counts>&... parts) {
-    std::array<std::int32_t, (counts + ...)> all{};
-    auto* end = all.data();
-    ((end = std::copy(parts.begin(), parts.end(), end)), ...);
-    return all;
+constexpr Row Field(Section section, std::int32_t number, std::u16string_view meaning) {
+    return {section, number, 1, meaning};
 }
 
-constexpr std::array kApplication = {kFieldAppName, kFieldFileID, kFieldHCID, kFieldErrBoxText,
-                                     kFieldErrDebugText};
-constexpr auto kAccess =
-    Joined(std::array{kFieldAccPath}, kAccRegList.Numbers(), std::array{kFieldProfile});
-constexpr auto kDatabase = Joined(std::array{kFieldDBPath, kFieldDBFilename}, kDBRegList.Numbers());
-constexpr auto kWorkgroup = Joined(std::array{kFieldSysDBPath, kFieldSysDBFilename},
-                                   kSysDBRegList.Numbers(), std::array{kFieldUser, kFieldPwd});
-constexpr std::array kOptions = {kFieldRuntime,   kFieldExclusive, kFieldReadOnly,
-                                 kFieldNoStartup, kFieldCompact,   kFieldRepair,
-                                 kFieldDecompile, kFieldMacro,     kFieldCmd};
-constexpr auto kPicture =
-    Joined(std::array{kFieldPicPath, kFieldPicFilename, kFieldPicDelay}, kPicRegList.Numbers());
-constexpr std::array kDiagnosis = {kFieldLog, kFieldEditPwd};
+constexpr Row List(Section section, const KeyListFields& list, std::u16string_view leadsTo) {
+    return {section, list.first, KeyListFields::kCount, leadsTo};
+}
 
-constexpr std::array<FieldSection, 7> kSections{{
-    {u"Anwendung", u"Name und Texte, die der Benutzer sieht.", kApplication},
-    {u"Access",
-     u"Wo msaccess.exe liegt. Die Schlüssellisten gehen AccPath vor; ist nichts angegeben,\n"
-     u"gelten die Schlüssel von Office 8.0.",
-     kAccess},
-    {u"Datenbank",
-     u"Die Schlüssellisten gehen DBPath und DBFilename vor. Ist nichts angegeben, wird eine\n"
-     u"Datenbank mit dem Namen des Startprogramms in dessen Ordner gesucht.",
-     kDatabase},
-    {u"Arbeitsgruppe",
-     u"Arbeitsgruppendatei mit Benutzername und Kennwort. User und Pwd stehen hier im Klartext:\n"
-     u"diese Datei nicht weitergeben.",
-     kWorkgroup},
-    {u"Optionen", u"Schalter werden als 1 (ein) oder 0 (aus) geschrieben.", kOptions},
-    {u"Startbild", u"Bild, das vor dem Start von Access angezeigt wird.", kPicture},
-    {u"Diagnose", u"Protokolldatei und Schutz des Diagnoseberichts.", kDiagnosis},
-}};
+/// In the order in which a settings file shows them.
+constexpr Row kRows[] = {
+    Field(Application, kFieldAppName, u"Anzeigename der Anwendung"),
+    Field(Application, kFieldFileID, u"Kennung dieser Konfiguration für den Diagnosebericht"),
+    Field(Application, kFieldHCID, u"Hilfethema (Zahl), das bei einer Fehlermeldung geöffnet wird"),
+    Field(Application, kFieldErrBoxText, u"zusätzlicher Text im Fehlerfenster"),
+    Field(Application, kFieldErrDebugText, u"zusätzlicher Text über den Fehlerdetails"),
+
+    Field(Access, kFieldAccPath,
+          u"Ordner oder voller Pfad von msaccess.exe; relativ zum Startprogramm möglich"),
+    List(Access, kAccRegList, u"zu msaccess.exe"),
+    Field(Access, kFieldProfile, u"Name des Access-Profils"),
+
+    Field(Database, kFieldDBPath, u"Ordner der Datenbank; relativ zum Startprogramm möglich"),
+    Field(Database, kFieldDBFilename, u"Dateiname der Datenbank"),
+    List(Database, kDBRegList, u"zur Datenbank"),
+
+    Field(Workgroup, kFieldSysDBPath,
+          u"Ordner der Arbeitsgruppendatei; relativ zum Startprogramm möglich"),
+    Field(Workgroup, kFieldSysDBFilename, u"Dateiname der Arbeitsgruppendatei"),
+    List(Workgroup, kSysDBRegList, u"zur Arbeitsgruppendatei"),
+    Field(Workgroup, kFieldUser, u"Benutzername für die Arbeitsgruppendatei, im Klartext"),
+    Field(Workgroup, kFieldPwd, u"Kennwort zu User, im Klartext"),
+
+    Field(Options, kFieldRuntime, u"Schalter: Access im Laufzeitmodus starten"),
+    Field(Options, kFieldExclusive, u"Schalter: Datenbank exklusiv öffnen"),
+    Field(Options, kFieldReadOnly, u"Schalter: Datenbank schreibgeschützt öffnen"),
+    Field(Options, kFieldNoStartup, u"Schalter: ohne Startformular öffnen"),
+    Field(Options, kFieldCompact, u"Schalter: Datenbank komprimieren"),
+    Field(Options, kFieldRepair, u"Schalter: Datenbank reparieren"),
+    Field(Options, kFieldDecompile, u"Schalter: Datenbank dekompilieren"),
+    Field(Options, kFieldMacro, u"Name des Makros, das ausgeführt wird"),
+    Field(Options, kFieldCmd, u"Text, den die Datenbank als Befehl erhält"),
+
+    Field(Picture, kFieldPicPath, u"Ordner des Startbilds; leer: Ordner des Startprogramms"),
+    Field(Picture, kFieldPicFilename, u"Dateiname des Startbilds (.bmp oder .jpg)"),
+    Field(Picture, kFieldPicDelay,
+          u"Anzeigedauer des Startbilds in Millisekunden; leer oder 0: kein Bild"),
+    List(Picture, kPicRegList, u"zum Startbild"),
+
+    Field(Diagnosis, kFieldLog, u"Schalter: Starts und Fehler in die Protokolldatei schreiben"),
+    Field(Diagnosis, kFieldEditPwd,
+          u"Kennwort für den Diagnosebericht (/D), im Klartext; leer: keines"),
+};
+
+std::vector<FieldSection> MakeSections() {
+    std::vector<FieldSection> sections = {
+        {u"Anwendung", u"Name und Texte, die der Benutzer sieht.", {}},
+        {u"Access",
+         u"Wo msaccess.exe liegt. Die Schlüssellisten gehen AccPath vor; ist nichts angegeben,\n"
+         u"gelten die Schlüssel von Office 8.0.",
+         {}},
+        {u"Datenbank",
+         u"Die Schlüssellisten gehen DBPath und DBFilename vor. Ist nichts angegeben, wird eine\n"
+         u"Datenbank mit dem Namen des Startprogramms in dessen Ordner gesucht.",
+         {}},
+        {u"Arbeitsgruppe",
+         u"Arbeitsgruppendatei mit Benutzername und Kennwort. User und Pwd stehen hier im "
+         u"Klartext:\n"
+         u"diese Datei nicht weitergeben.",
+         {}},
+        {u"Optionen", u"Schalter werden als 1 (ein) oder 0 (aus) geschrieben.", {}},
+        {u"Startbild", u"Bild, das vor dem Start von Access angezeigt wird.", {}},
+        {u"Diagnose", u"Protokolldatei und Schutz des Diagnoseberichts.", {}},
+    };
+    for (const Row& row : kRows) {
+        for (std::int32_t i = 0; i < row.count; ++i) {
+            sections[row.section].fields.push_back(row.first + i);
+        }
+    }
+    return sections;
+}
 
 }  // namespace
 
 std::u16string FieldMeaning(const BrandField& field) {
-    const auto* found =
-        std::find_if(std::begin(kMeanings), std::end(kMeanings),
-                     [&field](const Meaning& meaning) { return meaning.number == field.number; });
-    if (found != std::end(kMeanings)) {
-        return std::u16string(found->text);
+    const auto* row = std::find_if(std::begin(kRows), std::end(kRows), [&field](const Row& each) {
+        return field.number >= each.first && field.number < each.first + each.count;
+    });
+    if (row == std::end(kRows)) {
+        return {};
     }
-    for (const KeyListGroup& group : kKeyListGroups) {
-        const std::int32_t position = field.number - group.list.first + 1;
-        if (position >= 1 && position <= KeyListFields::kCount) {
-            return text::Decimal(position) + u". Eintrag der Schlüsselliste " +
-                   std::u16string(group.what);
-        }
+    if (row->count == 1) {
+        return std::u16string(row->meaning);
     }
-    return {};
+    return text::Decimal(field.number - row->first + 1) + u". Eintrag der Schlüsselliste " +
+           std::u16string(row->meaning);
 }
 
-std::span<const FieldSection> FieldSections() {
-    return kSections;
+const std::vector<FieldSection>& FieldSections() {
+    static const std::vector<FieldSection> sections = MakeSections();
+    return sections;
 }
 
 }  // namespace tarvex

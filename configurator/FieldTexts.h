@@ -1,8 +1,8 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "branding/BrandFields.h"
 
@@ -14,11 +14,11 @@ std::u16string FieldMeaning(const BrandField& field);
 /// A section of a settings file: fields that belong together.
 struct FieldSection {
     std::u16string_view title;
-    std::u16string_view comment;  ///< German, lines separated by "\n"
-    std::span<const std::int32_t> fields;
+    std::u16string_view comment;       ///< German, lines separated by "\n"
+    std::vector<std::int32_t> fields;  ///< numbers
 };
 
 /// Every field stands in exactly one section.
-std::span<const FieldSection> FieldSections();
+const std::vector<FieldSection>& FieldSections();
 
 }  // namespace tarvex

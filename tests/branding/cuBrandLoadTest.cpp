@@ -2,6 +2,7 @@
 
 #include <tuple>
 
+#include "branding/BrandFields.h"
 #include "tests/branding/cuBrandFixture.h"
 #include "tests/support/SyntheticLauncher.h"
 
@@ -122,7 +123,7 @@ TEST_F(cuBrandLoadTest, UnbrandedLauncherHasAllFieldsEmpty) {
     OpenFile(launcher.Build());
     EXPECT_FALSE(brand.LoadFromFile());
     EXPECT_EQ(brand.BrandInformation(), BrandState::NotYetBranded);
-    ASSERT_EQ(brand.Brandings().Count(), 67U);
+    ASSERT_EQ(brand.Brandings().Count(), kBrandFields.size());
     std::size_t index = 0;
     for (const cuBranding& item : brand.Brandings()) {
         EXPECT_EQ(item.Index(), launcher.marks[index].number);
