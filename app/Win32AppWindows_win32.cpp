@@ -27,7 +27,6 @@ Win32AppWindows::Win32AppWindows(cuAppError& error, Ui& ui, FileSystem& files,
       ui_(ui),
       files_(files),
       ansi_(ansi),
-      boxApi_(ansi),
       helpApi_(ansi),
       box_(boxApi_),
       help_(helpApi_, files, error) {}

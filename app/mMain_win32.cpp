@@ -29,7 +29,7 @@ void RunLauncher() {
     const BrandImage image;
     Win32FileSystem files;
     Win32Process process;
-    Win32Ui ui(codec);
+    Win32Ui ui;
 
     ui.SetPointerBusy();
     {

@@ -69,7 +69,7 @@ IMPORTS = {
     "kernel32.dll": """
         CloseHandle CopyFileW CreateEventW CreateFileW CreateProcessW CreateSemaphoreW
         DeleteCriticalSection DeleteFileW EnterCriticalSection ExitProcess FindResourceW
-        FlushFileBuffers FormatMessageW FreeLibrary GetACP GetCPInfo GetCommandLineW
+        FlushFileBuffers FoldStringW FormatMessageW FreeLibrary GetACP GetCPInfo GetCommandLineW
         GetCurrentDirectoryW GetCurrentProcess GetCurrentProcessId GetCurrentThread
         GetCurrentThreadId GetDateFormatW GetFileAttributesA GetFileAttributesW GetFileSize
         GetFileSizeEx GetFullPathNameA GetFullPathNameW GetLastError GetLocalTime GetLocaleInfoW

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/ButtonRow.h"
+#include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
 namespace tarvex {
@@ -87,7 +88,7 @@ bool Win32CaptionBoxApi::HasItem(WindowHandle dialog, int item) const {
 }
 
 void Win32CaptionBoxApi::SetItemText(WindowHandle dialog, int item, std::u16string_view text) {
-    const std::string bytes = ansi_.ToAnsi(text);
+    const std::string bytes = ToNearestAnsi(text);
     SendDlgItemMessageA(static_cast<HWND>(dialog), item, WM_SETTEXT, 0,
                         reinterpret_cast<LPARAM>(bytes.c_str()));
 }
@@ -129,8 +130,8 @@ void Win32CaptionBoxApi::FitButtons(WindowHandle dialog, const std::vector<int>&
 
 int Win32CaptionBoxApi::ShowMessageBox(WindowHandle owner, std::u16string_view text,
                                        std::u16string_view title, std::uint32_t style) {
-    return MessageBoxA(static_cast<HWND>(owner), ansi_.ToAnsi(text).c_str(),
-                       ansi_.ToAnsi(title).c_str(), style);
+    return MessageBoxA(static_cast<HWND>(owner), ToNearestAnsi(text).c_str(),
+                       ToNearestAnsi(title).c_str(), style);
 }
 
 }  // namespace tarvex

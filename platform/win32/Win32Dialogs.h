@@ -13,14 +13,12 @@
 
 namespace tarvex {
 
-/// Pointer and message boxes of Windows.
+/// Pointer and message boxes of Windows. Texts of a box that the system's code page does not hold
+/// show the nearest letters.
 class Win32Ui : public Ui {
 public:
     /// Opens a help file at a topic. What it throws is dropped.
     using HelpOpener = std::function<void(const std::u16string& helpFile, std::int32_t context)>;
-
-    /// Texts reach the message box in the code page of `ansi`, which outlives this object.
-    explicit Win32Ui(const TextCodec& ansi) : ansi_(ansi) {}
 
     /// What the help button of a message box and F1 in it do; nothing until this is set.
     void SetHelpOpener(HelpOpener opener) { openHelp_ = std::move(opener); }
@@ -33,17 +31,14 @@ public:
 private:
     int ShowBoxWithHelp(const MessageBoxRequest& request);
 
-    const TextCodec& ansi_;
     HelpOpener openHelp_;
     bool busy_ = false;
 };
 
-/// Message boxes, timers and dialog items of Windows.
+/// Message boxes, timers and dialog items of Windows. Texts that the system's code page does not
+/// hold show the nearest letters.
 class Win32CaptionBoxApi : public CaptionBoxApi {
 public:
-    /// Texts reach the box in the code page of `ansi`, which outlives this object.
-    explicit Win32CaptionBoxApi(const TextCodec& ansi) : ansi_(ansi) {}
-
     std::uintptr_t StartTimer(WindowHandle owner, std::uintptr_t id, unsigned milliseconds,
                               TimerProcedure procedure) override;
     void StopTimer(WindowHandle owner, std::uintptr_t id) override;
@@ -53,9 +48,6 @@ public:
     void FitButtons(WindowHandle dialog, const std::vector<int>& items) override;
     int ShowMessageBox(WindowHandle owner, std::u16string_view text, std::u16string_view title,
                        std::uint32_t style) override;
-
-private:
-    const TextCodec& ansi_;
 };
 
 /// The dialogs of Windows. Their libraries are loaded by the first call, since loading them takes

@@ -4,6 +4,11 @@
 
 namespace tarvex {
 
+/// The text in a code page, the system's own unless another is named, for texts that are only read,
+/// such as those of a message box: a character that the code page does not hold becomes the letter
+/// nearest to it, "?" only when there is none. Never for what names a file: that takes a codec.
+std::string ToNearestAnsi(std::u16string_view text, unsigned codePage = 0);
+
 /// A code page of Windows. Characters that only resemble one of the code page become "?" as all
 /// others that it does not hold: a path with another letter would name another file.
 class Win32TextCodec : public TextCodec {

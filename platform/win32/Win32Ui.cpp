@@ -1,5 +1,6 @@
 #include "platform/win32/Win32Dialogs.h"
 
+#include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
 namespace tarvex {
@@ -55,13 +56,13 @@ int Win32Ui::ShowMessageBox(const MessageBoxRequest& request) {
     if ((request.style & MB_HELP) != 0) {
         return ShowBoxWithHelp(request);
     }
-    return MessageBoxA(GetActiveWindow(), ansi_.ToAnsi(request.text).c_str(),
-                       ansi_.ToAnsi(request.title).c_str(), request.style);
+    return MessageBoxA(GetActiveWindow(), ToNearestAnsi(request.text).c_str(),
+                       ToNearestAnsi(request.title).c_str(), request.style);
 }
 
 int Win32Ui::ShowBoxWithHelp(const MessageBoxRequest& request) {
-    const std::string text = ansi_.ToAnsi(request.text);
-    const std::string title = ansi_.ToAnsi(request.title);
+    const std::string text = ToNearestAnsi(request.text);
+    const std::string title = ToNearestAnsi(request.title);
     MSGBOXPARAMSA parameters{};
     parameters.cbSize = sizeof parameters;
     parameters.hwndOwner = GetActiveWindow();

@@ -8,7 +8,6 @@
 
 #include "errors/muCoolBox.h"
 #include "platform/win32/WideText.h"
-#include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
 namespace tarvex {
@@ -86,13 +85,14 @@ void CALLBACK UseBox(HWND /*window*/, UINT /*message*/, UINT_PTR id, DWORD /*tim
 
 class Win32CaptionBoxApiTest : public testing::Test {
 protected:
-    int Show(std::vector<int> items, int press, const std::vector<std::u16string>& captions) {
+    int Show(std::vector<int> items, int press, const std::vector<std::u16string>& captions,
+             std::u16string_view text = u"Prüfung: äöüß €", std::u16string_view title = u"Übung") {
         user = BoxUser();
         user.items = std::move(items);
         user.press = press;
         SetTimer(nullptr, 0, 50, UseBox);
-        return muCoolBox(api).Show(nullptr, u"Prüfung: äöüß €", u"Übung", captions[0], captions[1],
-                                   captions[2], MB_ICONHAND);
+        return muCoolBox(api).Show(nullptr, text, title, captions[0], captions[1], captions[2],
+                                   MB_ICONHAND);
     }
 
     static void ExpectCaptions(const std::vector<std::u16string>& expected) {
@@ -112,8 +112,7 @@ protected:
         EXPECT_LE(end, user.client.right) << "inside the box";
     }
 
-    SystemTextCodec codec;
-    Win32CaptionBoxApi api{codec};
+    Win32CaptionBoxApi api;
 };
 
 TEST_F(Win32CaptionBoxApiTest, ThreeButtonsBearTheCaptions) {
@@ -140,6 +139,16 @@ TEST_F(Win32CaptionBoxApiTest, ASingleButtonBearsItsCaption) {
     Show({kSingleButton}, kSingleButton, {u"S&chließen", u"", u""});
     ExpectCaptions({u"S&chließen"});
     ExpectButtonsFit();
+}
+
+TEST_F(Win32CaptionBoxApiTest, LettersOutsideTheCodePageShowAsTheNearestOnes) {
+    if (GetACP() != 1252) {
+        GTEST_SKIP() << "code page " << GetACP();
+    }
+    Show({6, 7}, 6, {u"&Ōffnen", u"&Kōnec", u""}, u"Łódź ā", u"Ğ");
+    ExpectCaptions({u"&Offnen", u"&Konec"});
+    EXPECT_EQ(user.text, u"Lódz a");
+    EXPECT_EQ(user.title, u"G");
 }
 
 TEST_F(Win32CaptionBoxApiTest, LongCaptionsMakeButtonsAndBoxWider) {

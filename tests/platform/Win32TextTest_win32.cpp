@@ -108,6 +108,52 @@ TEST(Win32CodecTest, GermanSystemHasCodePage1252) {
     EXPECT_EQ(codec.FromAnsi(""), u"");
 }
 
+/// A code page that the system of the tests does not have.
+class OtherCodec : public Win32TextCodec {
+public:
+    explicit OtherCodec(unsigned codePage) : Win32TextCodec(codePage) {}
+};
+
+TEST(Win32CodecTest, CodecTakesNoOtherLetterWhateverTheCodePage) {
+    EXPECT_EQ(OtherCodec(1251).ToAnsi(u"C:\\Büro Groß"), "C:\\B?ro Gro?");
+    EXPECT_EQ(OtherCodec(932).ToAnsi(u"C:\\Büro Groß"), "C:\\B?ro Gro?");
+    EXPECT_EQ(OtherCodec(1252).ToAnsi(u"C:\\Łóś"), "C:\\?\xF3?");
+}
+
+TEST(Win32NearestTest, UmlautsLoseTheirDotsWhereTheCodePageLacksThem) {
+    for (const unsigned codePage : {874u, 932u, 950u, 1251u, 1253u, 1255u}) {
+        EXPECT_EQ(ToNearestAnsi(u"äöü ÄÖÜ ß", codePage), "aou AOU s") << codePage;
+    }
+    // These hold some of them, in places of their own.
+    EXPECT_EQ(ToNearestAnsi(u"äöÄÖß", 936), "aoAOs");
+    EXPECT_EQ(ToNearestAnsi(u"äöüÄÖÜ", 949), "aouAOU");
+    EXPECT_EQ(ToNearestAnsi(u"äöÄÖÜß", 1256), "aoAOUs");
+}
+
+TEST(Win32NearestTest, CharactersOfTheCodePageStay) {
+    EXPECT_EQ(ToNearestAnsi(u"äöüÄÖÜß€", 1252), "\xE4\xF6\xFC\xC4\xD6\xDC\xDF\x80");
+    EXPECT_EQ(ToNearestAnsi(u"Größe ж ß", 1251), "Grose \xE6 s");
+    EXPECT_EQ(ToNearestAnsi(u"日ä", 932), "\x93\xFA\x61");
+    EXPECT_EQ(ToNearestAnsi(u"ä日", CP_UTF8), "\xC3\xA4\xE6\x97\xA5");
+}
+
+TEST(Win32NearestTest, OtherLettersThanUmlautsHaveANearestOneToo) {
+    EXPECT_EQ(ToNearestAnsi(u"Łóś ā ğ", 1252), "L\xF3s a g");
+    EXPECT_EQ(ToNearestAnsi(u"čéñ", 874), "cen");
+}
+
+TEST(Win32NearestTest, OnlyACharacterWithoutLikenessBecomesAQuestionMark) {
+    EXPECT_EQ(ToNearestAnsi(u"日ä", 1251), "?a");
+    EXPECT_EQ(ToNearestAnsi(u"", 1251), "");
+    EXPECT_EQ(ToNearestAnsi(std::u16string_view(u"ä\0b", 3), 1251), std::string("a\0b", 3));
+}
+
+TEST(Win32NearestTest, CodePageIsTheSystemsUnlessAnotherIsNamed) {
+    for (const char16_t* const text : {u"äß", u"Łóś", u"жя", u"日"}) {
+        EXPECT_EQ(ToNearestAnsi(text), ToNearestAnsi(text, GetACP()));
+    }
+}
+
 TEST(Win32CodecTest, SingleByteCodecConvertsEveryByteToOneCharacterAndBack) {
     const SingleByteTextCodec codec;
     for (int byte = 0; byte < 256; ++byte) {

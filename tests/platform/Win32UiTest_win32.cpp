@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "platform/win32/WideText.h"
-#include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
 namespace tarvex {
@@ -64,8 +63,7 @@ protected:
     }
 
     Presses pressed;
-    SystemTextCodec codec;
-    Win32Ui ui{codec};
+    Win32Ui ui;
 };
 
 TEST_F(Win32UiTest, PointerRemembersWhetherItIsBusy) {
@@ -83,6 +81,18 @@ TEST_F(Win32UiTest, BoxShowsTextAndTitleAndReturnsTheButton) {
               IDNO);
     EXPECT_EQ(pressed.text, u"Prüfung äöüß €");
     EXPECT_EQ(pressed.title, u"Größe");
+}
+
+TEST_F(Win32UiTest, LettersOutsideTheCodePageShowAsTheNearestOnes) {
+    if (GetACP() != 1252) {
+        GTEST_SKIP() << "code page " << GetACP();
+    }
+    Show({u"Łódź ā", u"Ğ", MB_OK, u"", -1}, {IDOK});
+    EXPECT_EQ(pressed.text, u"Lódz a");
+    EXPECT_EQ(pressed.title, u"G");
+    Show({u"Łódź ā", u"Ğ", MB_OK | MB_HELP, u"", -1}, {IDOK});
+    EXPECT_EQ(pressed.text, u"Lódz a");
+    EXPECT_EQ(pressed.title, u"G");
 }
 
 TEST_F(Win32UiTest, HelpOpensTheTopicAndTheBoxStays) {
