@@ -2,7 +2,9 @@
 
 #include "app/frmDebug.h"
 #include "app/frmStart.h"
+#include "errors/RaisedError.h"
 #include "platform/win32/WindowsApi.h"
+#include "resources/Messages.h"
 
 namespace tarvex {
 
@@ -30,6 +32,12 @@ Win32AppWindows::Win32AppWindows(cuAppError& error, Ui& ui, FileSystem& files,
       helpApi_(ansi),
       box_(boxApi_),
       help_(helpApi_, files, error) {}
+
+void Win32AppWindows::ShowLastResort() {
+    wchar_t text[100] = {};
+    LoadStringW(GetModuleHandleW(nullptr), static_cast<UINT>(Message::LastResort), text, 100);
+    MessageBoxW(nullptr, text, reinterpret_cast<const wchar_t*>(kAppTitle.data()), MB_ICONSTOP);
+}
 
 void Win32AppWindows::ShowDebug(const DebugWindow& window) {
     ShowWithoutRaising([&] {

@@ -18,6 +18,9 @@ public:
     /// the help file of `error`.
     Win32AppWindows(cuAppError& error, Ui& ui, FileSystem& files, const TextCodec& ansi);
 
+    /// Says that the program cannot run, whatever the reason: takes no memory and needs no object.
+    static void ShowLastResort();
+
     void ShowDebug(const DebugWindow& window) override;
     void ShowPicture(std::u16string_view path, std::int32_t milliseconds,
                      std::int32_t helpContext) override;

@@ -54,8 +54,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     try {
         tarvex::RunLauncher();
     } catch (...) {
-        MessageBoxA(nullptr, "Das Startprogramm kann nicht ausgef\xFChrt werden.", "Tarvex",
-                    MB_ICONSTOP);
+        tarvex::Win32AppWindows::ShowLastResort();
     }
     return 0;
 }

@@ -55,7 +55,8 @@ const std::map<std::int32_t, std::u16string> kExpected = {
     {137, u"Das Kennwort für die Diagnoseinformationen ist falsch."},
     {138,
      u"Das Startprogramm würde die folgende Befehlszeile ausführen. Wegen der unten aufgeführten "
-     u"Fehler konnte sie nicht vollständig zusammengestellt werden:"}};
+     u"Fehler konnte sie nicht vollständig zusammengestellt werden:"},
+    {139, u"Das Startprogramm kann nicht ausgeführt werden."}};
 
 TEST(MessageTableTest, HoldsTheseTextsAndNoOthers) {
     const MessageTable table;
