@@ -1,0 +1,113 @@
+#include "app/Win32AppWindows_win32.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <vector>
+
+#include "platform/win32/WideText.h"
+#include "resources/ResourceIds.h"
+#include "tests/support/BitmapFile.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/FakeUi.h"
+#include "tests/support/ImportHook_win32.h"
+#include "tests/support/MessageTable.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestProgram.h"
+#include "tests/support/WindowDriver_win32.h"
+
+namespace tarvex {
+namespace {
+
+/// Out of memory at every use.
+class FailingCodec : public TextCodec {
+public:
+    std::string ToAnsi(std::u16string_view /*text*/) const override { throw std::bad_alloc(); }
+    std::u16string FromAnsi(std::string_view /*bytes*/) const override { throw std::bad_alloc(); }
+};
+
+/// Fails when the picture has closed.
+class FailingUi : public FakeUi {
+public:
+    void SetPointerDefault() override {
+        ++calls;
+        throw std::bad_alloc();
+    }
+    int calls = 0;
+};
+
+struct ShownBox {
+    HWND owner;
+    std::u16string text;
+    std::u16string title;
+    UINT style;
+};
+
+std::vector<ShownBox> shownBoxes;
+
+int WINAPI RecordBox(HWND owner, const wchar_t* text, const wchar_t* title, UINT style) {
+    shownBoxes.push_back(
+        {owner, std::u16string(FromWide(text)), std::u16string(FromWide(title)), style});
+    return IDOK;
+}
+
+int WINAPI FailInsteadOfABox(HWND /*owner*/, const char* /*text*/, const char* /*title*/,
+                             UINT /*style*/) {
+    throw std::bad_alloc();
+}
+
+class Win32AppWindowsTest : public testing::Test {
+protected:
+    FailingUi ui;
+    MessageTable texts;
+    ProgramInfo program = TestProgram();
+    cuAppError appError{ui, texts, program};
+    FakeFileSystem files;
+    FailingCodec ansi;
+    Win32AppWindows windows{appError, ui, files, ansi};
+};
+
+TEST_F(Win32AppWindowsTest, LastResortIsAWideBoxWithTheMessageAndTheTitle) {
+    shownBoxes.clear();
+    const ImportHook hook("MessageBoxW", RecordBox);
+    Win32AppWindows::ShowLastResort();
+    ASSERT_EQ(shownBoxes.size(), 1u);
+    EXPECT_EQ(shownBoxes[0].owner, nullptr);
+    EXPECT_EQ(shownBoxes[0].text, u"Das Startprogramm kann nicht ausgeführt werden.");
+    EXPECT_EQ(shownBoxes[0].title, u"Tarvex");
+    EXPECT_EQ(shownBoxes[0].style, 16u);
+}
+
+TEST_F(Win32AppWindowsTest, LogWindowThatFailsClosesAndTheLaunchGoesOn) {
+    DebugWindow content;
+    content.text = u"Text";
+    bool gone = false;
+    WindowDriver::Run([&] { EXPECT_NO_THROW(windows.ShowDebug(content)); },
+                      [&] {
+                          const HWND window = WindowDriver::WaitFor(L"frmDebug");
+                          SendMessageW(window, WM_COMMAND, ID_DEBUG_SAVE, 0);
+                          gone = WindowDriver::Until([&] { return IsWindow(window) == FALSE; });
+                      });
+    EXPECT_TRUE(gone);
+}
+
+TEST_F(Win32AppWindowsTest, PictureThatFailsDoesNotEndTheLaunch) {
+    const TestFolder folder;
+    folder.MakeFile(u"Bild.bmp", BitmapFile(4, 4));
+    EXPECT_NO_THROW(windows.ShowPicture(folder.Path(u"Bild.bmp"), 1, 0));
+    EXPECT_EQ(ui.calls, 1);
+}
+
+TEST_F(Win32AppWindowsTest, BoxThatFailsCountsAsEnded) {
+    CaptionBox box;
+    box.text = u"Text";
+    box.captions[0] = u"&Beenden";
+    box.captions[1] = u"&Details";
+    const ImportHook hook("MessageBoxA", FailInsteadOfABox);
+    int pressed = 0;
+    EXPECT_NO_THROW(pressed = windows.ShowCaptionBox(box));
+    EXPECT_EQ(pressed, 1);
+}
+
+}  // namespace
+}  // namespace tarvex
