@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <new>
 
 #include "branding/BrandFields.h"
 #include "tests/app/LauncherFixture.h"
@@ -114,6 +115,31 @@ TEST_F(ApplicationErrorsTest, BoxClosedOtherwiseWithoutHelpEndsTheLaunch) {
     windows.answers = {3};
     Launch(Missing());
     EXPECT_EQ(windows.events, std::vector<std::string>{"box"});
+}
+
+TEST_F(ApplicationErrorsTest, ReportThatCannotBeShownLeavesAPlainBoxWithTheDescription) {
+    windows.whileShown = [] { throw std::bad_alloc(); };
+    Launch(With(Missing(), {{kFieldLog, u"1"}}));
+    EXPECT_EQ(windows.events, std::vector<std::string>{"box"});
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    const MessageBoxRequest& box = ui.boxes.front();
+    EXPECT_EQ(box.text, u"Die Datenbank 'C:\\Prog\\Daten\\Kunden.mdb' ist nicht vorhanden.");
+    EXPECT_EQ(box.title, u"Tarvex");
+    EXPECT_EQ(box.style, 16u);
+    EXPECT_EQ(box.helpFile, u"");
+    EXPECT_EQ(box.helpContext, -1);
+    EXPECT_TRUE(files.Bytes(u"C:\\Prog\\Start.log")) << "the log is written all the same";
+    EXPECT_TRUE(process.lines.empty());
+}
+
+TEST_F(ApplicationErrorsTest, TestModeWithoutALogWindowLeavesThePlainBoxToo) {
+    windows.whileShown = [] { throw std::bad_alloc(); };
+    Launch(With(Kunden(), {{kFieldAccPath, u""}}), u"/T");
+    EXPECT_EQ(windows.events, std::vector<std::string>{"debug"});
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes.front().text,
+              u"Der Access-Pfad kann nicht aus der Registry ermittelt werden.");
+    EXPECT_EQ(ui.boxes.front().title, u"Tarvex");
 }
 
 TEST_F(ApplicationErrorsTest, ErrorIsLoggedOnlyWithTheLogOn) {
