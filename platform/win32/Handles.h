@@ -48,4 +48,18 @@ using UniqueFile = UniqueHandle<HANDLE, CloseHandle>;
 using UniqueProcess = UniqueHandle<HANDLE, CloseHandle>;
 using UniqueRegistryKey = UniqueHandle<HKEY, RegCloseKey>;
 
+/// The device context of a window, null: of the screen, for the time of a block.
+class WindowDc {
+public:
+    explicit WindowDc(HWND window) : window_(window), dc_(GetDC(window)) {}
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+    ~WindowDc() { ReleaseDC(window_, dc_); }
+    HDC Get() const { return dc_; }
+
+private:
+    HWND window_;
+    HDC dc_;
+};
+
 }  // namespace tarvex

@@ -15,19 +15,6 @@ constexpr int kHimetricPerInch = 2540;
 using UniqueMemory = UniqueHandle<HGLOBAL, GlobalFree>;
 using UniqueDc = UniqueHandle<HDC, DeleteDC>;
 
-/// The screen's device context for the time of a block.
-class ScreenDc {
-public:
-    ScreenDc() : dc_(GetDC(nullptr)) {}
-    ScreenDc(const ScreenDc&) = delete;
-    ScreenDc& operator=(const ScreenDc&) = delete;
-    ~ScreenDc() { ReleaseDC(nullptr, dc_); }
-    HDC Get() const { return dc_; }
-
-private:
-    HDC dc_;
-};
-
 UniqueMemory ReadFileToMemory(std::u16string_view path) {
     const UniqueFile file(CreateFileW(Wide(SystemPath(path)), GENERIC_READ, FILE_SHARE_READ,
                                       nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
@@ -73,7 +60,7 @@ PictureBitmap Draw(IPicture& picture) {
     if (FAILED(picture.get_Width(&width)) || FAILED(picture.get_Height(&height))) {
         return {};
     }
-    const ScreenDc screen;
+    const WindowDc screen(nullptr);
     PictureBitmap result;
     result.size = {MulDiv(width, GetDeviceCaps(screen.Get(), LOGPIXELSX), kHimetricPerInch),
                    MulDiv(height, GetDeviceCaps(screen.Get(), LOGPIXELSY), kHimetricPerInch)};

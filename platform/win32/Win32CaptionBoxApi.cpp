@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/ButtonRow.h"
+#include "platform/win32/Handles.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
@@ -32,18 +33,15 @@ RECT PlaceInParent(HWND control) {
 int NeededWidth(HWND button) {
     std::array<wchar_t, 256> caption{};
     GetWindowTextW(button, caption.data(), static_cast<int>(caption.size()));
-    const HDC context = GetDC(button);
-    if (context == nullptr) {
-        return 0;
-    }
+    const WindowDc context(button);
     auto* const font = reinterpret_cast<HFONT>(SendMessageW(button, WM_GETFONT, 0, 0));
-    const HGDIOBJ before = font == nullptr ? nullptr : SelectObject(context, font);
+    const HGDIOBJ before = font == nullptr ? nullptr : SelectObject(context.Get(), font);
     RECT extent{};
-    const int height = DrawTextW(context, caption.data(), -1, &extent, DT_CALCRECT | DT_SINGLELINE);
+    const int height =
+        DrawTextW(context.Get(), caption.data(), -1, &extent, DT_CALCRECT | DT_SINGLELINE);
     if (before != nullptr) {
-        SelectObject(context, before);
+        SelectObject(context.Get(), before);
     }
-    ReleaseDC(button, context);
     // The borders and the focus rectangle take about half a line's height on either side.
     return static_cast<int>(extent.right - extent.left) + height;
 }

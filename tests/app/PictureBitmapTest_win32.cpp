@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/BitmapFile.h"
+#include "tests/support/GdiLedger_win32.h"
 #include "tests/support/TestFolder.h"
 
 namespace tarvex {
@@ -38,17 +39,17 @@ TEST(PictureBitmapTest, ContentCountsNotTheName) {
     EXPECT_TRUE(LoadPictureBitmap(folder.Path(u"Пиктура.jpg")).bitmap);
 }
 
-TEST(PictureBitmapTest, ManyLoadsLeaveNoGdiObjectsBehind) {
+TEST(PictureBitmapTest, LoadsLeaveNoGdiObjectsBehind) {
     const TestFolder folder;
     folder.MakeFile(u"a.bmp", BitmapFile(5, 4));
     folder.MakeFile(u"b.bmp", "BMkaputt");
-    LoadPictureBitmap(folder.Path(u"a.bmp"));
-    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    for (int i = 0; i < 50; ++i) {
-        LoadPictureBitmap(folder.Path(u"a.bmp"));
-        LoadPictureBitmap(folder.Path(u"b.bmp"));
+    const GdiLedger ledger;
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_TRUE(LoadPictureBitmap(folder.Path(u"a.bmp")).bitmap);
+        EXPECT_FALSE(LoadPictureBitmap(folder.Path(u"b.bmp")).bitmap);
     }
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before + 5);
+    EXPECT_EQ(ledger.Open(), "");
+    EXPECT_EQ(ledger.Taken(), 5 * 3) << "bitmap, its context and the screen's";
 }
 
 }  // namespace

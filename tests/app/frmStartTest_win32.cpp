@@ -4,6 +4,7 @@
 
 #include "tests/support/BitmapFile.h"
 #include "tests/support/FakeUi.h"
+#include "tests/support/GdiLedger_win32.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/WindowDriver_win32.h"
 
@@ -146,6 +147,16 @@ TEST_F(frmStartTest, MissingPictureShowsNothing) {
     ExpectNothing(folder.Path(u"fehlt.bmp"), 5000);
     ExpectNothing(u"", 5000);
     ExpectNothing(folder.Path(), 5000);
+}
+
+TEST_F(frmStartTest, PictureLeavesNoGdiObjectsBehind) {
+    const GdiLedger ledger;
+    Show(BitmapFile(20, 10), 9999, [](HWND window) {
+        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        PostMessageW(window, WM_CLOSE, 0, 0);
+    });
+    EXPECT_EQ(ledger.Open(), "");
+    EXPECT_GE(ledger.Taken(), 3 + 2) << "the picture, and a context each time it was painted";
 }
 
 TEST_F(frmStartTest, NoTimeShowsNothing) {

@@ -9,6 +9,7 @@
 #include "errors/muCoolBox.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
+#include "tests/support/GdiLedger_win32.h"
 
 namespace tarvex {
 namespace {
@@ -139,6 +140,13 @@ TEST_F(Win32CaptionBoxApiTest, ASingleButtonBearsItsCaption) {
     Show({kSingleButton}, kSingleButton, {u"S&chließen", u"", u""});
     ExpectCaptions({u"S&chließen"});
     ExpectButtonsFit();
+}
+
+TEST_F(Win32CaptionBoxApiTest, MeasuringCaptionsGivesEveryDeviceContextBack) {
+    const GdiLedger ledger;
+    Show({}, 4, {u"&Beenden", u"&Details", u"&Hilfe"});
+    EXPECT_EQ(ledger.Open(), "");
+    EXPECT_EQ(ledger.Taken(), 3);
 }
 
 TEST_F(Win32CaptionBoxApiTest, LettersOutsideTheCodePageShowAsTheNearestOnes) {

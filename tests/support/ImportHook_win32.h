@@ -18,12 +18,6 @@ public:
     ImportHook& operator=(const ImportHook&) = delete;
     ~ImportHook();
 
-    /// The function of the DLL.
-    template <class Signature>
-    Signature* Original() const {
-        return reinterpret_cast<Signature*>(original_);
-    }
-
 private:
     void** place_;  ///< in the program's import table, null when it does not import the function
     void* original_ = nullptr;
