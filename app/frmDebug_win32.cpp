@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/DebugFormSize.h"
 #include "platform/win32/Dpi.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/ModalWindow.h"
@@ -19,7 +20,8 @@ using UniqueFont = UniqueHandle<HFONT, DeleteObject>;
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, from Windows 8.1 on
 constexpr int kPointSize = 10;
 constexpr std::size_t kLengthInBox = 1500;
-constexpr SIZE kSize = {880, 560};  // at kNormalDpi: lines of 100 characters fit
+constexpr int kTextMargin = 6;    // at kNormalDpi
+constexpr int kNoticeMargin = 3;  // at kNormalDpi, above and below
 
 UniqueFont FixedFont(int dpi) {
     return UniqueFont(CreateFontW(-MulDiv(kPointSize, dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
@@ -36,6 +38,31 @@ UniqueFont NoticeFont(int dpi) {
     return UniqueFont(CreateFontIndirectW(&font));
 }
 
+/// A character of the font, on average.
+PixelSize CellOf(const UniqueFont& font) {
+    const WindowDc screen(nullptr);
+    const HGDIOBJ before = SelectObject(screen.Get(), font.Get());
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen.Get(), &metrics);
+    SelectObject(screen.Get(), before);
+    return {static_cast<int>(metrics.tmAveCharWidth), static_cast<int>(metrics.tmHeight)};
+}
+
+PixelSize SizeOf(const RECT& rect) {
+    return {static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
+}
+
+/// What the window has around its inner area.
+PixelSize AroundInnerArea(HWND window) {
+    RECT outer{};
+    RECT inner{};
+    GetWindowRect(window, &outer);
+    GetClientRect(window, &inner);
+    const PixelSize whole = SizeOf(outer);
+    return {static_cast<int>(whole.width - inner.right),
+            static_cast<int>(whole.height - inner.bottom)};
+}
+
 class DebugForm : public ModalWindow {
 public:
     DebugForm(const DebugWindow& content, const DebugServices& services)
@@ -47,12 +74,11 @@ public:
     void ShowModal() {
         const HINSTANCE program = GetModuleHandleW(nullptr);
         const RECT area = WorkAreaAtPointer();
-        const int dpi = SystemDpi();
-        const SIZE size = {std::min<LONG>(Scaled(kSize.cx, dpi), area.right - area.left),
-                           std::min<LONG>(Scaled(kSize.cy, dpi), area.bottom - area.top)};
         const HMENU menu = LoadMenuW(program, MAKEINTRESOURCEW(IDR_DEBUG));
-        if (Create({L"frmDebug", content_.caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                    Centred(size, area), menu})) {
+        // First as large as its screen: only there can its parts be measured as they will show.
+        if (Create({L"frmDebug", content_.caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, area,
+                    menu})) {
+            SetBounds(Centred(StartSize(area), area));
             RunUntilClosed(LoadAcceleratorsW(program, MAKEINTRESOURCEW(IDR_DEBUG)));
             return;
         }
@@ -100,12 +126,15 @@ protected:
 
 private:
     bool CreateControls() {
-        edit_ = CreateControl(L"EDIT",
+        // Hidden, but a screen reader takes it for the name of the control after it.
+        CreateControl(L"STATIC", L"Diagnosetext", 0, 0);
+        edit_ = CreateControl(L"EDIT", L"",
                               WS_VISIBLE | WS_HSCROLL | WS_VSCROLL | ES_MULTILINE | ES_READONLY |
                                   ES_AUTOHSCROLL | ES_AUTOVSCROLL | ES_NOHIDESEL,
                               IDC_TXTDEBUG);
-        notice_ = CreateControl(L"STATIC", SS_LEFT | SS_CENTERIMAGE | SS_NOPREFIX | SS_ENDELLIPSIS,
-                                IDC_DEBUG_NOTICE);
+        notice_ =
+            CreateControl(L"STATIC", L"", SS_LEFT | SS_CENTERIMAGE | SS_NOPREFIX | SS_ENDELLIPSIS,
+                          IDC_DEBUG_NOTICE);
         if (edit_ == nullptr || notice_ == nullptr) {
             return false;
         }
@@ -118,8 +147,8 @@ private:
         return true;
     }
 
-    HWND CreateControl(const wchar_t* className, DWORD style, int id) {
-        return CreateWindowExW(0, className, L"", style | WS_CHILD, 0, 0, 0, 0, Window(),
+    HWND CreateControl(const wchar_t* className, const wchar_t* text, DWORD style, int id) {
+        return CreateWindowExW(0, className, text, style | WS_CHILD, 0, 0, 0, 0, Window(),
                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                                GetModuleHandleW(nullptr), nullptr);
     }
@@ -137,20 +166,49 @@ private:
 
     void OnDpiChanged(int dpi, const RECT& bounds) {
         SetFonts(dpi);
-        SetWindowPos(Window(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
-                     bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        SetBounds(bounds);
         PlaceControls();
+    }
+
+    void SetBounds(const RECT& bounds) {
+        const PixelSize size = SizeOf(bounds);
+        SetWindowPos(Window(), nullptr, bounds.left, bounds.top, size.width, size.height,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    SIZE StartSize(const RECT& area) const {
+        const PixelSize size =
+            DebugFormSize({AroundInnerArea(Window()), AroundInnerArea(edit_), CellOf(editFont_),
+                           Scaled(kTextMargin, dpi_), SizeOf(area)});
+        return {size.width, size.height};
     }
 
     void PlaceControls() {
         RECT inner{};
         GetClientRect(Window(), &inner);
         const bool hasNotice = (GetWindowLongW(notice_, GWL_STYLE) & WS_VISIBLE) != 0;
-        const int noticeHeight = hasNotice ? std::min<int>(Scaled(20, dpi_), inner.bottom) : 0;
+        const int noticeHeight =
+            hasNotice ? std::min<int>(CellOf(noticeFont_).height + 2 * Scaled(kNoticeMargin, dpi_),
+                                      inner.bottom)
+                      : 0;
         const int editHeight = inner.bottom - noticeHeight;
         MoveWindow(edit_, 0, 0, inner.right, editHeight, TRUE);
-        const int margin = Scaled(4, dpi_);
+        SetTextMargin();
+        const int margin = Scaled(kTextMargin, dpi_);
         MoveWindow(notice_, margin, editHeight, inner.right - margin, noticeHeight, TRUE);
+    }
+
+    // A change of its size takes the control's margin away, one of its font sets others.
+    void SetTextMargin() const {
+        SendMessageW(edit_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+        RECT text{};
+        GetClientRect(edit_, &text);
+        const int margin = Scaled(kTextMargin, dpi_);
+        text.left += margin;
+        text.top += margin;
+        text.right -= margin;
+        text.bottom -= margin;
+        SendMessageW(edit_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&text));
     }
 
     // Nothing of the window itself is seen but the margin left of the notice.

@@ -1,21 +1,29 @@
 #include "platform/win32/Dpi.h"
 
+#include "platform/win32/Handles.h"
 #include "platform/win32/SystemLibrary.h"
 
 namespace tarvex {
 
 int SystemDpi() {
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
+    const int dpi = GetDeviceCaps(WindowDc(nullptr).Get(), LOGPIXELSY);
     return dpi > 0 ? dpi : kNormalDpi;
 }
 
 int WindowDpi(HWND window) {
-    const SystemLibrary user(u"user32.dll");
-    auto* const read = user.Function<UINT WINAPI(HWND)>("GetDpiForWindow");
-    const UINT dpi = read != nullptr ? read(window) : 0;
-    return dpi > 0 ? static_cast<int>(dpi) : SystemDpi();
+    constexpr int kEffectiveDpi = 0;  // MDT_EFFECTIVE_DPI
+    const SystemLibrary library(u"shcore.dll");
+    auto* const read =
+        library.Function<HRESULT WINAPI(HMONITOR, int, UINT*, UINT*)>("GetDpiForMonitor");
+    UINT across = 0;
+    UINT down = 0;
+    if (read != nullptr &&
+        SUCCEEDED(read(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), kEffectiveDpi, &across,
+                       &down)) &&
+        down > 0) {
+        return static_cast<int>(down);
+    }
+    return SystemDpi();
 }
 
 int Scaled(int pixels, int dpi) {

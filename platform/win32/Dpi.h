@@ -10,8 +10,8 @@ inline constexpr int kNormalDpi = 96;
 /// Pixels per inch of the screen as the program found it at its start.
 int SystemDpi();
 
-/// Pixels per inch of the monitor that shows the window; where Windows does not tell, those of the
-/// system.
+/// Pixels per inch of the monitor that the window is on, also while it is hidden; those of the
+/// system where Windows does not tell (before 8.1).
 int WindowDpi(HWND window);
 
 /// A length that is `pixels` at kNormalDpi.

@@ -2,15 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <list>
 #include <stdexcept>
+#include <utility>
 
+#include "platform/win32/Com.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
 #include "resources/ResourceIds.h"
 #include "tests/support/FakeCommonDialogs.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeUi.h"
+#include "tests/support/GdiLedger_win32.h"
 #include "tests/support/WindowDriver_win32.h"
 #include "text/TextCodec1252.h"
+
+#include <oleacc.h>
 
 namespace tarvex {
 namespace {
@@ -33,6 +41,149 @@ bool EditFills(HWND window) {
     const RECT inner = InnerRect(window);
     const RECT edit = EditRect(window);
     return EqualRect(&inner, &edit) != FALSE;
+}
+
+/// Where the text lies in the edit control.
+RECT TextRect(HWND window) {
+    RECT rect{};
+    SendDlgItemMessageW(window, IDC_TXTDEBUG, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&rect));
+    return rect;
+}
+
+/// The distances of the text from the edit control's borders and scroll bars as "left top right";
+/// below it the control leaves more, so that it shows whole lines only.
+std::string TextMargins(HWND window) {
+    const RECT inner = InnerRect(GetDlgItem(window, IDC_TXTDEBUG));
+    const RECT text = TextRect(window);
+    return std::to_string(text.left) + " " + std::to_string(text.top) + " " +
+           std::to_string(inner.right - text.right) +
+           (inner.bottom - text.bottom < text.top ? ", less below" : "");
+}
+
+LONG FontHeight(HWND control) {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)), sizeof(font),
+               &font);
+    return font.lfHeight;
+}
+
+/// What that many characters of the control's font take.
+SIZE Extent(HWND control, std::size_t count) {
+    const std::u16string line(count, u'M');
+    const HDC context = GetDC(control);
+    const HGDIOBJ before =
+        SelectObject(context, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    SIZE size{};
+    GetTextExtentPoint32W(context, Wide(line), static_cast<int>(count), &size);
+    SelectObject(context, before);
+    ReleaseDC(control, context);
+    return size;
+}
+
+bool LinesOf100CharactersFit(HWND window) {
+    const RECT text = TextRect(window);
+    return text.right - text.left >= Extent(GetDlgItem(window, IDC_TXTDEBUG), 100).cx;
+}
+
+constexpr UINT kDpiChanged = 0x02E0;
+
+/// Two monitors side by side, the mouse pointer on the second one. What Wine knows of monitors has
+/// one resolution for all.
+struct MixedScreens {
+    int firstDpi = 96;
+    int secondDpi = 96;
+    RECT secondArea{1280, 0, 1280 + 3840, 2100};  ///< without the taskbar
+};
+
+MixedScreens screens;
+char secondMonitor;
+
+HMONITOR SecondMonitor() {
+    return reinterpret_cast<HMONITOR>(&secondMonitor);
+}
+
+decltype(DefWindowProcW)* handleDefault;
+decltype(GetProcAddress)* findFunction;
+
+HMONITOR WINAPI MonitorOfPointer(POINT /*pointer*/, DWORD /*flags*/) {
+    return SecondMonitor();
+}
+
+HMONITOR WINAPI MonitorOfWindow(HWND window, DWORD /*flags*/) {
+    RECT bounds{};
+    GetWindowRect(window, &bounds);
+    return bounds.left >= screens.secondArea.left ? SecondMonitor() : nullptr;
+}
+
+BOOL WINAPI TellMonitor(HMONITOR monitor, MONITORINFO* information) {
+    information->rcWork = monitor == SecondMonitor() ? screens.secondArea : RECT{0, 0, 1280, 1024};
+    return TRUE;
+}
+
+HRESULT WINAPI TellDpi(HMONITOR monitor, int type, UINT* across, UINT* down) {
+    const int dpi = monitor == SecondMonitor() ? screens.secondDpi : screens.firstDpi;
+    *across = *down = static_cast<UINT>(dpi);
+    return type == 0 ? S_OK : E_INVALIDARG;
+}
+
+/// A window may be as large as the monitors of the test, which the system does not know.
+LRESULT WINAPI AllowEverySize(HWND window, UINT message, WPARAM first, LPARAM second) {
+    const LRESULT result = handleDefault(window, message, first, second);
+    if (message == WM_GETMINMAXINFO) {
+        reinterpret_cast<MINMAXINFO*>(second)->ptMaxTrackSize = {10'000, 10'000};
+    }
+    return result;
+}
+
+FARPROC WINAPI FindFunction(HMODULE module, const char* name) {
+    return std::string_view(name) == "GetDpiForMonitor"
+               ? reinterpret_cast<FARPROC>(reinterpret_cast<void*>(TellDpi))
+               : findFunction(module, name);
+}
+
+/// Puts these monitors in the place of the real ones.
+class FakeScreens {
+public:
+    explicit FakeScreens(const MixedScreens& fake) {
+        screens = fake;
+        handleDefault = DefWindowProcW;
+        findFunction = GetProcAddress;
+        hooks_.emplace_back("DefWindowProcW", AllowEverySize);
+        hooks_.emplace_back("MonitorFromPoint", MonitorOfPointer);
+        hooks_.emplace_back("MonitorFromWindow", MonitorOfWindow);
+        hooks_.emplace_back("GetMonitorInfoW", TellMonitor);
+        hooks_.emplace_back("GetProcAddress", FindFunction);
+    }
+
+private:
+    std::list<ImportHook> hooks_;
+};
+
+BOOL WINAPI TellLargeNoticeFont(UINT action, UINT size, void* result, UINT /*change*/) {
+    if (action == SPI_GETNONCLIENTMETRICS && size == sizeof(NONCLIENTMETRICSW)) {
+        static_cast<NONCLIENTMETRICSW*>(result)->lfMessageFont.lfHeight = -40;
+    }
+    return TRUE;
+}
+
+/// What a screen reader calls the control.
+std::u16string AccessibleName(HWND control) {
+    const SystemLibrary library(u"oleacc.dll");
+    auto* const accessible = library.Function<HRESULT WINAPI(HWND, DWORD, const IID&, void**)>(
+        "AccessibleObjectFromWindow");
+    ComPtr<IAccessible> object;
+    constexpr IID kAccessibleId = {
+        0x618736E0, 0x3C3D, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
+    if (accessible == nullptr || FAILED(accessible(control, static_cast<DWORD>(OBJID_CLIENT),
+                                                   kAccessibleId, object.ReceiveVoid()))) {
+        return u"<not accessible>";
+    }
+    VARIANT self{};
+    self.vt = VT_I4;
+    self.lVal = CHILDID_SELF;
+    BSTR name = nullptr;
+    object.Get()->get_accName(self, &name);
+    return name == nullptr ? u"<no name>" : std::u16string(FromWide(name));
 }
 
 std::u16string MenuText(HMENU menu, UINT position) {
@@ -172,7 +323,8 @@ TEST_F(frmDebugTest, FontFollowsTheMonitorsResolution) {
         GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(edit, WM_GETFONT, 0, 0)), sizeof(before),
                    &before);
         const RECT suggested = {10, 20, 710, 520};
-        SendMessageW(window, 0x02E0, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+        SendMessageW(window, kDpiChanged, MAKEWPARAM(192, 192),
+                     reinterpret_cast<LPARAM>(&suggested));
         GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(edit, WM_GETFONT, 0, 0)), sizeof(after),
                    &after);
         GetWindowRect(window, &bounds);
@@ -183,6 +335,135 @@ TEST_F(frmDebugTest, FontFollowsTheMonitorsResolution) {
     EXPECT_EQ(700, bounds.right - bounds.left);
     EXPECT_EQ(500, bounds.bottom - bounds.top);
     EXPECT_TRUE(fills);
+}
+
+TEST_F(frmDebugTest, WindowOpensForTheScreenWithThePointer) {
+    for (const auto& [dpi, fontHeight] : {std::pair{96, -13}, {144, -20}, {192, -27}}) {
+        const FakeScreens fake({.firstDpi = 96, .secondDpi = dpi});
+        LONG height = 0;
+        bool fits = false;
+        bool shrunk = false;
+        RECT bounds{};
+        std::string margins;
+        Show([&](HWND window) {
+            GetWindowRect(window, &bounds);
+            height = FontHeight(GetDlgItem(window, IDC_TXTDEBUG));
+            fits = LinesOf100CharactersFit(window);
+            margins = TextMargins(window);
+            shrunk = TextRect(window).right < Extent(GetDlgItem(window, IDC_TXTDEBUG), 110).cx;
+        });
+        EXPECT_EQ(height, fontHeight) << dpi;
+        EXPECT_TRUE(fits) << dpi;
+        EXPECT_TRUE(shrunk) << "no wider than it needs to be at " << dpi;
+        EXPECT_EQ(margins, dpi == 96 ? "6 6 6" : dpi == 144 ? "9 9 9" : "12 12 12");
+        EXPECT_NEAR(bounds.left + bounds.right, 1280 + 1280 + 3840, 1) << "in the middle";
+        EXPECT_NEAR(bounds.top + bounds.bottom, 2100, 1) << "in the middle";
+    }
+}
+
+TEST_F(frmDebugTest, FirstScreensResolutionDoesNotCount) {
+    const FakeScreens fake({.firstDpi = 192, .secondDpi = 96});
+    LONG height = 0;
+    Show([&](HWND window) { height = FontHeight(GetDlgItem(window, IDC_TXTDEBUG)); });
+    EXPECT_EQ(height, -13);
+}
+
+TEST_F(frmDebugTest, WindowIsNotLargerThanTheScreenWithThePointer) {
+    const FakeScreens fake({.secondDpi = 192, .secondArea = {1280, 40, 1280 + 800, 600}});
+    RECT bounds{};
+    Show([&](HWND window) { GetWindowRect(window, &bounds); });
+    EXPECT_EQ(bounds.left, 1280);
+    EXPECT_EQ(bounds.top, 40);
+    EXPECT_EQ(bounds.right, 1280 + 800);
+    EXPECT_EQ(bounds.bottom, 600);
+}
+
+TEST_F(frmDebugTest, LinesStillFitWhenTheWindowMovesToAScreenOfAnotherResolution) {
+    for (const int from : {96, 144, 192}) {
+        const FakeScreens fake({.secondDpi = from});
+        bool fits[3] = {};
+        std::string margins;
+        Show([&](HWND window) {
+            RECT bounds{};
+            GetWindowRect(window, &bounds);
+            for (int i = 0; i < 3; ++i) {
+                const int to = 96 + 48 * i;
+                // What the system suggests.
+                const RECT moved = {0, 0, MulDiv(bounds.right - bounds.left, to, from),
+                                    MulDiv(bounds.bottom - bounds.top, to, from)};
+                SendMessageW(window, kDpiChanged, static_cast<WPARAM>(MAKELONG(to, to)),
+                             reinterpret_cast<LPARAM>(&moved));
+                fits[i] = LinesOf100CharactersFit(window);
+            }
+            margins = TextMargins(window);
+        });
+        EXPECT_TRUE(fits[0]) << from << " to 96";
+        EXPECT_TRUE(fits[1]) << from << " to 144";
+        EXPECT_TRUE(fits[2]) << from << " to 192";
+        EXPECT_EQ(margins, "12 12 12");
+    }
+}
+
+TEST_F(frmDebugTest, TextHasAMarginAtEverySize) {
+    ChooseFile("C:\\B\xFCro\\x.err");
+    files.failCall = 1;
+    std::string atStart;
+    std::string whenSmall;
+    std::string whenMaximised;
+    std::string withNotice;
+    Show([&](HWND window) {
+        atStart = TextMargins(window);
+        SetWindowPos(window, nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER);
+        whenSmall = TextMargins(window);
+        ShowWindow(window, SW_MAXIMIZE);
+        WindowDriver::Until([&] { return InnerRect(window).right > 300; });
+        whenMaximised = TextMargins(window);
+        Save(window);
+        withNotice = TextMargins(window);
+    });
+    EXPECT_EQ(atStart, "6 6 6");
+    EXPECT_EQ(whenSmall, "6 6 6");
+    EXPECT_EQ(whenMaximised, "6 6 6");
+    EXPECT_EQ(withNotice, "6 6 6");
+}
+
+TEST_F(frmDebugTest, NoticeLineIsAsHighAsItsFontNeeds) {
+    const ImportHook hook("SystemParametersInfoW", TellLargeNoticeFont);
+    ChooseFile("C:\\B\xFCro\\x.err");
+    files.failCall = 1;
+    LONG line = 0;
+    LONG font = 0;
+    LONG edit = 0;
+    LONG inner = 0;
+    Show([&](HWND window) {
+        Save(window);
+        const HWND notice = GetDlgItem(window, IDC_DEBUG_NOTICE);
+        line = InnerRect(notice).bottom;
+        font = Extent(notice, 1).cy;
+        edit = EditRect(window).bottom;
+        inner = InnerRect(window).bottom;
+    });
+    EXPECT_GE(font, 40);
+    EXPECT_EQ(line, font + 6);
+    EXPECT_EQ(edit + line, inner);
+}
+
+TEST_F(frmDebugTest, ScreenReaderIsToldWhatTheTextIs) {
+    std::u16string name;
+    Show([&](HWND window) { name = AccessibleName(GetDlgItem(window, IDC_TXTDEBUG)); });
+    EXPECT_EQ(name, u"Diagnosetext");
+}
+
+TEST_F(frmDebugTest, ClosedWindowLeavesNoGdiObjectsBehind) {
+    const GdiLedger ledger;
+    Show([&](HWND window) {
+        const RECT suggested = {10, 20, 710, 520};
+        SendMessageW(window, kDpiChanged, MAKEWPARAM(192, 192),
+                     reinterpret_cast<LPARAM>(&suggested));
+        Save(window);
+    });
+    EXPECT_EQ(ledger.Open(), "");
+    EXPECT_GE(ledger.Taken(), 4) << "two fonts, twice";
 }
 
 TEST_F(frmDebugTest, MenuOffersSaveAndClose) {
@@ -201,8 +482,8 @@ TEST_F(frmDebugTest, MenuOffersSaveAndClose) {
     EXPECT_EQ(1, menus);
     EXPECT_EQ(2, entries);
     EXPECT_EQ(u"&Datei", texts[0]);
-    EXPECT_EQ(u"&Speichern", texts[1]);
-    EXPECT_EQ(u"&Beenden", texts[2]);
+    EXPECT_EQ(u"&Speichern\tStrg+S", texts[1]);
+    EXPECT_EQ(u"&Beenden\tEsc", texts[2]);
 }
 
 TEST_F(frmDebugTest, CloseEntryClosesTheWindowWithoutAQuitMessage) {
@@ -245,6 +526,9 @@ TEST_F(frmDebugTest, KeysAreBoundToTheirCommands) {
     EXPECT_EQ('A', keys[1].key);
     EXPECT_EQ(FVIRTKEY | FCONTROL, keys[1].fVirt & ~0x80);
     EXPECT_EQ(ID_DEBUG_SELECTALL, keys[1].cmd);
+    EXPECT_EQ(VK_ESCAPE, keys[2].key);
+    EXPECT_EQ(FVIRTKEY, keys[2].fVirt & ~0x80);
+    EXPECT_EQ(ID_DEBUG_CLOSE, keys[2].cmd);
 }
 
 TEST_F(frmDebugTest, SelectAllSelectsTheWholeText) {

@@ -112,8 +112,9 @@ def lines(text):
 
 
 def menu_commands(program):
-    """The entries of a program's first menu, by their captions in the order of the file. Another
-    process's menu cannot be read, and a command is all that choosing an entry sends."""
+    """The entries of a program's first menu, by their captions (without their keys) in the order of
+    the file. Another process's menu cannot be read, and a command is all that choosing an entry
+    sends."""
     image = pefile.PE(program)
     (menus,) = [e for e in image.DIRECTORY_ENTRY_RESOURCE.entries if e.id == 4]
     data = menus.directory.entries[0].directory.entries[0].data.struct
@@ -130,7 +131,8 @@ def menu_commands(program):
         end = place
         while template[end : end + 2] != b"\0\0":
             end += 2
-        commands[template[place:end].decode("utf-16-le")] = command
+        caption = template[place:end].decode("utf-16-le").partition("\t")[0]
+        commands[caption] = command
         place = end + 2
     return commands
 
