@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # setup.sh [--main-suite-only]: installs on Debian 12 everything that the build, the demo and the
 # tests need. Does nothing, quickly, when all of it is there.
-#   --main-suite-only   skip the ordinary installation and go straight to the way out that is
-#                       described at install_from_main_suite
+#   --main-suite-only   skip the ordinary installation and go straight to the way out of
+#                       scripts/lib/main-suite.sh
 set -euo pipefail
+# shellcheck source=lib/main-suite.sh
+. "$(dirname "${BASH_SOURCE[0]}")/lib/main-suite.sh"
 
 native_packages=(
     # build
@@ -63,82 +65,6 @@ install_ordinarily() {
     install_packages -- "$@"
 }
 
-# Writes the entries of the system's package sources for the component main of one release, without
-# its updates and security suites, as sources of apt's own two formats into a folder.
-write_main_suite_sources() { # release folder
-    local release=$1 folder=$2 file files=()
-    shopt -s nullglob
-    files=(/etc/apt/sources.list /etc/apt/sources.list.d/*.list)
-    for file in "${files[@]}"; do
-        [[ -r $file ]] || continue
-        awk -v release="$release" '
-            $1 == "deb" {
-                at = 2
-                if ($2 ~ /^\[/) while (at <= NF && $(at++) !~ /\]$/) {}
-                main = 0
-                for (i = at + 2; i <= NF && $i !~ /^#/; i++) if ($i == "main") main = 1
-                if ($(at + 1) != release || !main) next
-                line = "deb"
-                for (i = 2; i <= at; i++) line = line " " $i
-                print line, release, "main"
-            }' "$file" >>"$folder/main.list"
-    done
-    files=(/etc/apt/sources.list.d/*.sources)
-    for file in "${files[@]}"; do
-        awk -v release="$release" '
-            BEGIN { RS = ""; FS = "\n" }
-            function has(name, value,   i, field) {
-                for (i = 1; i <= NF; i++)
-                    if (tolower($i) ~ "^" name ":") {
-                        field = " " tolower(substr($i, length(name) + 2)) " "
-                        gsub(/[ \t]+/, " ", field)
-                        return index(field, " " value " ") > 0
-                    }
-                return 0
-            }
-            has("types", "deb") && has("suites", release) && has("components", "main") &&
-            !has("enabled", "no") {
-                for (i = 1; i <= NF; i++) {
-                    if (tolower($i) ~ /^types:/) $i = "Types: deb"
-                    if (tolower($i) ~ /^suites:/) $i = "Suites: " release
-                    if (tolower($i) ~ /^components:/) $i = "Components: main"
-                    print $i
-                }
-                print ""
-            }' "$file" >>"$folder/main.sources"
-    done
-    [[ -s $folder/main.list || -s $folder/main.sources ]]
-}
-
-# Libraries of two architectures must have the same version. When a mirror's security suite lags
-# behind for i386, the 32-bit libraries that fit the installed 64-bit ones cannot be had, and Wine's
-# 32-bit half cannot be installed. The release's main suite is complete for both, so everything is
-# taken from there, going back to its versions where needed. All of apt's settings for that live in
-# a temporary folder; the system's own configuration and lists stay as they are.
-install_from_main_suite() {
-    local release folder=$work/main-suite
-    # shellcheck source=/dev/null
-    release=$(. /etc/os-release && printf '%s' "${VERSION_CODENAME:-}")
-    [[ -n $release ]] || return 1
-    mkdir -p "$folder/sources" "$folder/lists/partial" "$folder/preferences.d"
-    if ! write_main_suite_sources "$release" "$folder/sources"; then
-        say "the package sources name no main suite of $release"
-        return 1
-    fi
-    printf 'Package: *\nPin: release n=%s\nPin-Priority: 1001\n' "$release" >"$folder/preferences"
-    local options=(
-        -o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$folder/sources"
-        -o "Dir::Etc::preferences=$folder/preferences"
-        -o "Dir::Etc::preferencesparts=$folder/preferences.d"
-        -o "Dir::State::lists=$folder/lists"
-        -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache=
-    )
-    say "reading the package lists of $release's main suite alone"
-    apt "${options[@]}" update || return 1
-    say "installing $# packages from the main suite"
-    install_packages "${options[@]}" --allow-downgrades -- "$@"
-}
-
 main_suite_only=no
 case ${1:-} in
     '') ;;
@@ -172,7 +98,7 @@ dpkg --print-foreign-architectures | grep -qx i386 || dpkg --add-architecture i3
 
 if [[ $main_suite_only == yes ]] || ! install_ordinarily "${missing[@]}"; then
     [[ $main_suite_only == yes ]] || say "the ordinary installation failed"
-    install_from_main_suite "${missing[@]}" || say "the installation from the main suite failed"
+    install_from_main_suite "$work/main-suite" "${missing[@]}" || say "the installation from the main suite failed"
 fi
 
 mapfile -t missing < <(missing_packages)
