@@ -1,5 +1,5 @@
 # tarvex.exe: the launcher as it is shipped, unbranded.
-if(NOT WIN32 OR NOT EXISTS ${CMAKE_SOURCE_DIR}/app/mMain_win32.cpp)
+if(NOT WIN32)
     return()
 endif()
 add_executable(tarvex WIN32 app/mMain_win32.cpp app/LibraryErrors_win32.cpp branding/BrandImage.cpp
