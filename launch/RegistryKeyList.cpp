@@ -105,12 +105,7 @@ std::u16string ReadRegistryText(const LaunchEnvironment& environment, std::int32
     if (!bytes) {
         return {};
     }
-    // Stored texts normally carry a closing zero; blanks before it belong to the value.
-    const std::size_t zero = bytes->find('\0');
-    if (zero != std::string::npos) {
-        return environment.codec.FromAnsi(std::string_view(*bytes).substr(0, zero));
-    }
-    return std::u16string(text::Trim(environment.codec.FromAnsi(*bytes)));
+    return environment.codec.FromAnsi(CountingBytes(*bytes));
 }
 
 }  // namespace tarvex

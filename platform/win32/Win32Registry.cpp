@@ -8,14 +8,14 @@ namespace {
 
 /// Opens for reading values only, so that nothing can be written and users without further rights
 /// succeed. Empty when the root is none, the key is missing or may not be read.
-UniqueRegistryKey OpenKey(std::int32_t root, const std::string& key) {
+UniqueRegistryKey OpenKey(std::int32_t root, const std::string& key, REGSAM view = 0) {
     UniqueRegistryKey result;
     if (root >= 0 || root == kNoHKey) {
         return result;  // no number of a root key: it could be any other handle
     }
     const auto rootKey = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(root));
     HKEY opened = nullptr;
-    if (RegOpenKeyExA(rootKey, key.c_str(), 0, KEY_QUERY_VALUE, &opened) == ERROR_SUCCESS) {
+    if (RegOpenKeyExA(rootKey, key.c_str(), 0, KEY_QUERY_VALUE | view, &opened) == ERROR_SUCCESS) {
         result = UniqueRegistryKey(opened);
     }
     return result;
@@ -27,9 +27,11 @@ BYTE* Bytes(std::string& buffer) {
 
 }  // namespace
 
-std::optional<std::string> Win32Registry::ReadText(std::int32_t root, std::u16string_view key,
-                                                   std::u16string_view valueName) const {
-    const UniqueRegistryKey opened = OpenKey(root, ansi_.ToAnsi(key));
+std::optional<std::string> Win32Registry::ReadTextInView(View view, std::int32_t root,
+                                                         std::u16string_view key,
+                                                         std::u16string_view valueName) const {
+    const UniqueRegistryKey opened =
+        OpenKey(root, ansi_.ToAnsi(key), view == View::k64Bit ? KEY_WOW64_64KEY : 0);
     if (!opened) {
         return std::nullopt;
     }
@@ -73,6 +75,14 @@ std::vector<std::u16string> Win32Registry::ListValueNames(std::int32_t root,
         }
         names.push_back(ansi_.FromAnsi(std::string_view(name).substr(0, nameSize)));
     }
+}
+
+bool Win32Registry::Has64BitView() const {
+    // Windows XP has the function from Service Pack 2 on; a 64-bit Windows always has it.
+    const auto isWow64 = reinterpret_cast<decltype(&IsWow64Process)>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "IsWow64Process")));
+    BOOL result = FALSE;
+    return isWow64 != nullptr && isWow64(GetCurrentProcess(), &result) != 0 && result != 0;
 }
 
 }  // namespace tarvex

@@ -37,11 +37,14 @@ class Win32Registry : public Registry {
 public:
     explicit Win32Registry(const TextCodec& ansi) : ansi_(ansi) {}
 
-    std::optional<std::string> ReadText(std::int32_t root, std::u16string_view key,
-                                        std::u16string_view valueName) const override;
     std::vector<std::u16string> ListValueNames(std::int32_t root, std::u16string_view key,
                                                std::size_t maxNameChars,
                                                std::size_t maxDataBytes) const override;
+
+protected:
+    std::optional<std::string> ReadTextInView(View view, std::int32_t root, std::u16string_view key,
+                                              std::u16string_view valueName) const override;
+    bool Has64BitView() const override;
 
 private:
     const TextCodec& ansi_;

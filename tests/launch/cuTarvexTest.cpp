@@ -235,8 +235,8 @@ TEST_F(GetCommandLineTest, FailedStepStopsTheRest) {
 
 TEST_F(GetCommandLineTest, RuntimeErrorInsideAStepKeepsNumberAndDescription) {
     struct : FakeRegistry {
-        std::optional<std::string> ReadText(std::int32_t, std::u16string_view,
-                                            std::u16string_view) const override {
+        std::optional<std::string> ReadTextInView(View, std::int32_t, std::u16string_view,
+                                                  std::u16string_view) const override {
             throw std::bad_alloc();
         }
     } failing;

@@ -53,8 +53,12 @@ void FakeRegistry::AddKey(std::int32_t root, std::u16string_view key) {
     EnsureKey(root, key);
 }
 
-std::optional<std::string> FakeRegistry::ReadText(std::int32_t root, std::u16string_view key,
-                                                  std::u16string_view valueName) const {
+std::optional<std::string> FakeRegistry::ReadTextInView(View view, std::int32_t root,
+                                                        std::u16string_view key,
+                                                        std::u16string_view valueName) const {
+    if (view == View::k64Bit) {
+        return view64->ReadTextInView(View::kOwn, root, key, valueName);
+    }
     const Key* found = FindKey(root, key);
     if (!Record(u"read ", root, std::u16string(key).append(u"\\").append(valueName)) ||
         found == nullptr) {
@@ -82,6 +86,11 @@ std::vector<std::u16string> FakeRegistry::ListValueNames(std::int32_t root, std:
         names.push_back(value.name);
     }
     return names;
+}
+
+bool FakeRegistry::Has64BitView() const {
+    ++timesAsked;
+    return view64 != nullptr;
 }
 
 const FakeRegistry::Key* FakeRegistry::FindKey(std::int32_t root, std::u16string_view path) const {

@@ -28,8 +28,6 @@ public:
     /// Creates a key without values.
     void AddKey(std::int32_t root, std::u16string_view key);
 
-    std::optional<std::string> ReadText(std::int32_t root, std::u16string_view key,
-                                        std::u16string_view valueName) const override;
     std::vector<std::u16string> ListValueNames(std::int32_t root, std::u16string_view key,
                                                std::size_t maxNameChars,
                                                std::size_t maxDataBytes) const override;
@@ -40,6 +38,17 @@ public:
 
     /// Number of the call (1: the first one in `log`) that finds nothing; 0: none does.
     std::size_t failCall = 0;
+
+    /// The 64-bit view, which makes this the registry of a 64-bit system; null: a 32-bit system.
+    const FakeRegistry* view64 = nullptr;
+
+    /// How often it was asked which of the two the system is.
+    mutable int timesAsked = 0;
+
+protected:
+    std::optional<std::string> ReadTextInView(View view, std::int32_t root, std::u16string_view key,
+                                              std::u16string_view valueName) const override;
+    bool Has64BitView() const override;
 
 private:
     struct Value {
