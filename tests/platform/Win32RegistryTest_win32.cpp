@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/win32/Handles.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/platform/RegistryContract.h"
 #include "tests/platform/ScratchRegistry_win32.h"
@@ -9,6 +10,16 @@ namespace tarvex {
 INSTANTIATE_TYPED_TEST_SUITE_P(Win32, RegistryContract, ScratchRegistry);
 
 namespace {
+
+const SystemTextCodec codec;
+
+/// Shows what the interface keeps for its own use.
+struct OpenRegistry : Win32Registry {
+    using Win32Registry::Has64BitView;
+    using Win32Registry::ReadTextInView;
+    using Win32Registry::View;
+    using Win32Registry::Win32Registry;
+};
 
 TEST(Win32RegistryTest, ExpandableAndMultipleTextsAreOfAnotherType) {
     ScratchRegistry scratch;
@@ -50,6 +61,53 @@ TEST(Win32RegistryTest, TenThousandReadsLeaveNoHandleOpen) {
         registry.ListValueNames(kHKeyCurrentUser, u"Schlüssel", 255, 4096);
     }
     EXPECT_EQ(HighestNextHandle(), before);
+}
+
+/// A key that everybody may ask for its values and nobody may do anything else with.
+class QueryOnlyKey {
+public:
+    explicit QueryOnlyKey(const char* name) {
+        RegOpenKeyExA(HKEY_LOCAL_MACHINE, name, 0, KEY_ALL_ACCESS, key_.Receive());
+        SID_IDENTIFIER_AUTHORITY world = SECURITY_WORLD_SID_AUTHORITY;
+        PSID everybody = nullptr;
+        AllocateAndInitializeSid(&world, 1, SECURITY_WORLD_RID, 0, 0, 0, 0, 0, 0, 0, &everybody);
+        alignas(ACL) char bytes[256];
+        auto* const rights = reinterpret_cast<ACL*>(bytes);
+        InitializeAcl(rights, sizeof bytes, ACL_REVISION);
+        AddAccessAllowedAce(rights, ACL_REVISION, KEY_QUERY_VALUE, everybody);
+        Protect(rights);
+        FreeSid(everybody);
+    }
+    ~QueryOnlyKey() { Protect(nullptr); }  // null: everybody may do everything
+
+private:
+    void Protect(ACL* rights) const {
+        SECURITY_DESCRIPTOR descriptor;
+        InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
+        SetSecurityDescriptorDacl(&descriptor, TRUE, rights, FALSE);
+        RegSetKeySecurity(key_.Get(), DACL_SECURITY_INFORMATION, &descriptor);
+    }
+
+    UniqueRegistryKey key_;
+};
+
+TEST(Win32RegistryTest, KeyThatMayOnlyBeQueriedIsRead) {
+    ScratchRegistry scratch;
+    scratch.SetText(kHKeyLocalMachine, u"Firma", u"Pfad", "C:\\Daten");
+    const QueryOnlyKey key("Firma");
+    HKEY opened = nullptr;
+    ASSERT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Firma", 0, KEY_READ, &opened),
+              ERROR_ACCESS_DENIED);
+    const OpenRegistry registry(codec);
+    EXPECT_EQ(registry.ListValueNames(kHKeyLocalMachine, u"Firma", 255, 4096).size(), 1u);
+    for (const auto view : {OpenRegistry::View::kOwn, OpenRegistry::View::k64Bit}) {
+        EXPECT_EQ(registry.ReadTextInView(view, kHKeyLocalMachine, u"Firma", u"Pfad"), "C:\\Daten");
+    }
+}
+
+TEST(Win32RegistryTest, SystemHasA64BitViewWhenItHasAFolderOf32BitPrograms) {
+    wchar_t folder[MAX_PATH];
+    EXPECT_EQ(OpenRegistry(codec).Has64BitView(), GetSystemWow64DirectoryW(folder, MAX_PATH) != 0);
 }
 
 }  // namespace
