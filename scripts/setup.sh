@@ -11,17 +11,19 @@ native_packages=(
     # build
     g++ cmake ninja-build git libcli11-dev googletest libgtest-dev libgmock-dev
     g++-mingw-w64-i686-win32 binutils-mingw-w64-i686 icoutils
+    g++-mingw-w64-x86-64-win32 # the tests' stand-in for 64-bit Access
     # checks
     clang clang-tidy clang-format clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev
     shellcheck
     # running the Windows programs
-    wine fonts-wine fonts-liberation xvfb openbox imagemagick xdotool x11-utils locales
+    wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick xdotool x11-utils locales
     util-linux procps
     # end-to-end tests
     python3 python3-pytest python3-pytest-xdist python3-pytest-timeout python3-pefile
     win32-loader # holds an installer whose version resource is read
 )
-# The programs are 32-bit, so Wine's 32-bit half is the one that counts.
+# The programs are 32-bit, so Wine's 32-bit half is the one that counts; with both halves it can play
+# 64-bit Windows too.
 i386_packages=(wine32)
 
 say() { printf 'setup: %s\n' "$*"; }

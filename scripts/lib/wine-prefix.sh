@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# wine-prefix.sh (to be sourced): Wine prefixes with German settings, and their servers.
+# wine-prefix.sh (to be sourced): Wine prefixes with German settings, and their servers. They are
+# those of a 32-bit Windows, or of a 64-bit one when TARVEX_WINE_ARCH is win64.
 #
 # A folder is, everywhere below, that of one prefix and what belongs to it: prefix/, locale/, tmp/,
 # wine.log. Every function returns 1 after one line on stderr when it fails; every wait has a limit.
@@ -7,6 +8,7 @@
 wine_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # A fresh prefix takes Wine ten seconds, a copy of one less than two. The template is kept here.
 wine_cache=${TARVEX_WINE_CACHE:-$wine_root/build/wine}
+wine_arch=${TARVEX_WINE_ARCH:-win32}
 
 wine_fail() {
     printf 'wine: %s\n' "$*" >&2
@@ -53,7 +55,7 @@ wine_quietly() { # seconds log what command ...
 # programs find their server in a folder there whose name the prefix remembers.
 wine_environment() { # folder
     printf '%s\n' \
-        "WINEPREFIX=$1/prefix" WINEARCH=win32 WINEDEBUG=-all \
+        "WINEPREFIX=$1/prefix" "WINEARCH=$wine_arch" WINEDEBUG=-all \
         'WINEDLLOVERRIDES=mscoree=;mshtml=;winemenubuilder.exe=d' \
         "LOCPATH=$1/locale" LANG=de_DE.UTF-8 LC_ALL=de_DE.UTF-8 LANGUAGE= \
         "TMPDIR=$1/tmp"
@@ -127,14 +129,16 @@ wine_template_fill() { # folder
     done < <(find "$folder/prefix/drive_c/users" -type l)
 }
 
-# Prints what a prefix depends on, as a number: Wine, what is set in it and the user, whose name is
-# the name of a folder in it.
-wine_cache_key() {
-    {
+# Prints the folder of the cache for one kind of prefix. Its name ends in what the prefix depends on,
+# as a number: Wine, what is set in it and the user, whose name is the name of a folder in it.
+wine_cache_folder() { # kind
+    local key
+    key=$({
         wine --version
         id -un
         declare -f wine_environment wine_template_fill wine_standing_fill
-    } | cksum | cut -d ' ' -f 1
+    } | cksum | cut -d ' ' -f 1)
+    printf '%s\n' "$wine_cache/$1-$wine_arch-$key"
 }
 
 # Removes the folders of the cache that another Wine or script made, or that were not completed.
@@ -166,7 +170,7 @@ wine_cache_make() { # folder command ...; the command gets the name to use as it
 wine_copy_template() { # folder
     local template
     wine_need localedef flock || return 1
-    template=$wine_cache/template-$(wine_cache_key)
+    template=$(wine_cache_folder template)
     wine_cache_make "$template" wine_template_fill || return 1
     mkdir -p "$1" || return 1
     cp -a --reflink=auto "$template"/{prefix,locale,tmp} "$1" ||
@@ -189,7 +193,7 @@ wine_standing_fill() { # folder
 # Prints the folder of the prefix for programs that are run outside a session.
 wine_standing() {
     local folder
-    folder=$wine_cache/standing-$(wine_cache_key)
+    folder=$(wine_cache_folder standing)
     wine_cache_make "$folder" wine_standing_fill || return 1
     printf '%s\n' "$folder"
 }
