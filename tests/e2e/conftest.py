@@ -22,8 +22,10 @@ def pytest_addoption(parser):
 
 
 def pytest_collection_modifyitems(config, items):
+    # What only a 64-bit Windows has must not pass for tested in the prefix of a 32-bit one.
+    possible = [item for item in items if launcher.WIN64 or not item.get_closest_marker("win64")]
     number, count = map(int, config.getoption("--shard").split("/"))
-    chosen = items[number - 1 :: count]
+    chosen = possible[number - 1 :: count]
     config.hook.pytest_deselected(items=[item for item in items if item not in set(chosen)])
     items[:] = chosen
 
@@ -32,6 +34,8 @@ def pytest_configure(config):
     config.addinivalue_line(
         "markers", "xdist_group(name): tests of a group run one after the other, in one process"
     )
+    config.addinivalue_line("markers", "win64: needs the prefix of a 64-bit Windows")
+    config.addinivalue_line("markers", "also_win64: a sample that is run in such a prefix, too")
     missing = [name for name in ("WINEPREFIX", "DISPLAY") if not os.environ.get(name)]
     if missing:
         raise pytest.UsageError(
@@ -50,7 +54,8 @@ def programs():
 def world(request, programs):
     # Each part of the tests has drive letters of its own: processes of the others are seen, too.
     shard = int(request.config.getoption("--shard").split("/")[0]) - 1
-    worker = os.environ.get("PYTEST_XDIST_WORKER", f"gw{shard}")
+    part = 14 if launcher.WIN64 else shard
+    worker = os.environ.get("PYTEST_XDIST_WORKER", f"gw{part}")
     groups = [mark.args[0] for mark in request.node.iter_markers("xdist_group")]
     result = launcher.make_world(programs, worker, alone="foreground" in groups)
     yield result

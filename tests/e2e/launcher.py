@@ -32,6 +32,7 @@ LOG = ("window", f"title={LOG_WINDOW}")
 END = [("gone",), ("exit",)]
 GOLDEN = pathlib.Path(__file__).parent.parent / "golden"
 SECONDS_FOR_A_RUN = 90
+WIN64 = os.environ.get("WINEARCH") == "win64"  # the session is one of a 64-bit Windows
 
 
 class Programs:
@@ -44,7 +45,9 @@ class Programs:
             environment, "TARVEX_WIN32_DIST", "tarvexcf.com", needed=False
         )
         self.driver = Driver(self._find(environment, "TARVEX_E2E_BIN", "uidriver.exe"))
-        self.access = self._find(environment, "TARVEX_E2E_BIN", "msaccess.exe")
+        self.access = self._find(
+            environment, "TARVEX_E2E_BIN", "win64/msaccess.exe" if WIN64 else "msaccess.exe"
+        )
 
     @staticmethod
     def _find(environment, variable, name, needed=True):

@@ -136,6 +136,7 @@ def test_credentials_stand_nowhere_in_the_test_mode(world):
     assert "Xaver" not in text and "ohnegleichen" not in text
 
 
+@pytest.mark.also_win64
 def test_access_is_started_maximised(world):
     world.brand_with_access()
     record = world.started()
@@ -151,6 +152,7 @@ def test_launcher_ends_while_access_still_runs(world):
     assert run.step("exit")["us"] + 500_000 < run.step("drain")["us"]
 
 
+@pytest.mark.also_win64
 def test_arguments_reach_access_separately(world):
     world.write(r"\Prog\Meine Kunden.mdb")
     world.brand_with_access(DBFilename="Meine Kunden.mdb", Cmd="äöü ß €")

@@ -99,6 +99,7 @@ def test_brand_writes_every_value_and_nothing_else(program, folder, template):
     assert names(folder) == ["K.exe", "K.ini", "T.exe"]
 
 
+@pytest.mark.also_win64
 def test_same_input_gives_the_same_bytes_on_both_systems(folder):
     outputs = []
     for kind in (configurator.Native, configurator.Wine):

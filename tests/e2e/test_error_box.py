@@ -49,6 +49,7 @@ def test_box_tells_neither_number_nor_reason(failing):
     assert "-2147220477" not in box.box_text and "msaccess.exe" not in box.box_text
 
 
+@pytest.mark.also_win64
 def test_vendors_text_stands_below_an_empty_line(world):
     world.brand(AccPath="x", ErrBoxText="Rufen Sie Herrn Müller an: 0911/4711.@@Danke ##!")
     # What the vendor typed is shown as typed.

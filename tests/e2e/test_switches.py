@@ -62,7 +62,11 @@ def test_switches_never_clear_what_is_configured(branded):
     assert branded.started("/Repair")["line"].endswith(" /Compact /Repair")
 
 
-@pytest.mark.parametrize("tail", ["/D", "/d", "/ D", "/D geheim", "/T /D", "/D /T", "/D/T"])
+@pytest.mark.parametrize(
+    "tail",
+    [pytest.param("/D", marks=pytest.mark.also_win64)]
+    + ["/d", "/ D", "/D geheim", "/T /D", "/D /T", "/D/T"],
+)
 def test_info_mode_without_password_shows_the_report(branded, tail):
     branded.brand_with_access(Log="1")
     text = branded.shown(tail)

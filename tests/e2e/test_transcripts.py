@@ -49,6 +49,7 @@ def customers(world, **more):
     return fields | more
 
 
+@pytest.mark.also_win64
 def test_test_mode_shows_the_whole_launch(world, brand):
     world.write(DATABASE)
     brand(**customers(world))
@@ -56,6 +57,7 @@ def test_test_mode_shows_the_whole_launch(world, brand):
     assert world.nothing_started()
 
 
+@pytest.mark.also_win64
 def test_access_is_started_with_the_real_credentials(world, brand):
     world.write(DATABASE)
     brand(**customers(world))
@@ -99,6 +101,7 @@ def test_key_lists_lead_to_all_three_files(world, brand):
     assert world.shown("/T") == world.golden("key_lists.txt")
 
 
+@pytest.mark.also_win64
 def test_missing_database_is_told_behind_the_details(world, brand):
     brand(**customers(world))
     assert world.details() == world.golden("missing_database_details.txt")

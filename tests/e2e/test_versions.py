@@ -12,7 +12,8 @@ import launcher
 import versionblock
 
 TOOLS = pathlib.Path(os.environ.get("TARVEX_E2E_BIN", "."))
-SYSTEM = pathlib.Path(os.environ.get("WINEPREFIX", "."), "drive_c", "windows", "system32")
+WINDOWS = pathlib.Path(os.environ.get("WINEPREFIX", "."), "drive_c", "windows")
+SYSTEM = WINDOWS / "system32"
 FONTS = pathlib.Path("/usr/share/wine/fonts")
 INSTALLER = pathlib.Path("/usr/share/win32/win32-loader.exe")
 
@@ -72,8 +73,11 @@ def test_every_file_of_the_system_folder(read):
     assert available.count(True) > 50 and available.count(False) > 50
 
 
+@pytest.mark.also_win64
 def test_sixteen_bit_programs(read):
-    files = [SYSTEM / name for name in ("gdi.exe", "user.exe", "krnl386.exe", "mouse.drv")]
+    # They belong to the 32-bit programs, which have a folder of their own on 64-bit Windows.
+    folder = WINDOWS / "syswow64" if launcher.WIN64 else SYSTEM
+    files = [folder / name for name in ("gdi.exe", "user.exe", "krnl386.exe", "mouse.drv")]
     for file, properties in zip(files, read(*files), strict=True):
         assert not versionblock.is_wide(versionblock.resource(file))
         assert properties == versionblock.properties(file)

@@ -9,6 +9,7 @@
 //   nCmdShow=  the same as WinMain gets it
 //   dir=       current folder
 //   ticks=     the system's performance counter at the first instruction
+//   bits=      32 or 64, what the stand-in was compiled for
 // STUB_STAY_MS keeps the program running for that many milliseconds afterwards.
 
 #include <string>
@@ -66,6 +67,7 @@ std::string Record(int show, const LARGE_INTEGER& ticks) {
     add("nCmdShow", std::to_string(show));
     add("dir", text::ToUtf8(CurrentFolder()));
     add("ticks", std::to_string(ticks.QuadPart));
+    add("bits", std::to_string(8 * sizeof(void*)));
     return record.append("\r\n");
 }
 
