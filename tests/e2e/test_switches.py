@@ -19,9 +19,7 @@ def command_line(text):
     return launcher.lines(text)[2]
 
 
-@pytest.mark.parametrize(
-    "tail", ["/T", "/t", "/ T", "/   t", "x /T", "/X /T", "/T/Nothing", "-x /t", "/T more words"]
-)
+@pytest.mark.parametrize("tail", ["/T", "x / t/Nothing more"])
 def test_test_mode_is_switched_on(branded, tail):
     assert branded.shown(tail).startswith(
         "Das Startprogramm würde die folgende Befehlszeile ausführen:\r\n\r\n"
@@ -29,9 +27,7 @@ def test_test_mode_is_switched_on(branded, tail):
     assert branded.nothing_started()
 
 
-@pytest.mark.parametrize(
-    "tail", ["", "T", "-T", "\\T", "/X", "/Test", "/Compacts", "/TT", "/", "//", "/ ", '"/"T']
-)
+@pytest.mark.parametrize("tail", ["", "T -T \\T", '/Test /Compacts // "/"T'])
 def test_everything_else_starts_access_unchanged(branded, tail):
     expected = f'"{branded.drive}\\Office\\msaccess.exe" "{branded.drive}\\Prog\\Start.mdb"'
     assert branded.started(tail)["line"] == expected
@@ -41,17 +37,12 @@ def test_everything_else_starts_access_unchanged(branded, tail):
     "tail, switches",
     [
         ("/Compact", " /Compact"),
-        ("/COMPACT", " /Compact"),
-        ("/ compact", " /Compact"),
-        ("/Repair", " /Repair"),
         ("/rEPAIR", " /Repair"),
-        ("/repair /compact", " /Compact /Repair"),
-        ("/Compact/Repair", " /Compact /Repair"),
+        ("/Repair/compact", " /Compact /Repair"),
     ],
 )
-@pytest.mark.parametrize("stored", ["", "0"])
-def test_compact_and_repair_are_added_to_the_line(branded, tail, switches, stored):
-    branded.brand_with_access(Compact=stored, Repair=stored)
+def test_compact_and_repair_are_added_to_the_line(branded, tail, switches):
+    branded.brand_with_access(Compact="0", Repair="")
     assert branded.started(tail)["line"].endswith('Start.mdb"' + switches)
     assert command_line(branded.shown("/T" + tail)).endswith('Start.mdb"' + switches)
 
@@ -63,9 +54,7 @@ def test_switches_never_clear_what_is_configured(branded):
 
 
 @pytest.mark.parametrize(
-    "tail",
-    [pytest.param("/D", marks=pytest.mark.also_win64)]
-    + ["/d", "/ D", "/D geheim", "/T /D", "/D /T", "/D/T"],
+    "tail", [pytest.param("/D", marks=pytest.mark.also_win64), "/T /d geheim"]
 )
 def test_info_mode_without_password_shows_the_report(branded, tail):
     branded.brand_with_access(Log="1")
@@ -76,18 +65,13 @@ def test_info_mode_without_password_shows_the_report(branded, tail):
     assert not branded.exists(r"\Prog\Start.log")
 
 
-@pytest.mark.parametrize(
-    "tail", ["/D geheim", "/d  geheim", "/D geheim extra", "/D falsch /D geheim", "/T /D geheim"]
-)
+@pytest.mark.parametrize("tail", ["/D geheim", "/D falsch /T /d  geheim extra"])
 def test_right_password_shows_the_report(branded, tail):
     branded.brand_with_access(EditPwd="geheim")
     assert INFO_HEADING in launcher.lines(branded.shown(tail))
 
 
-@pytest.mark.parametrize(
-    "tail",
-    ["/D Geheim", "/D GEHEIM", "/D", "/D falsch", "/D extra geheim", "/D gehei", "/D/geheim"],
-)
+@pytest.mark.parametrize("tail", ["/D Geheim", "/D", "/D/geheim"])
 def test_wrong_password_is_told_and_nothing_else_happens(branded, tail):
     branded.brand_with_access(EditPwd="geheim", Log="1", AppName="Kunden")
     steps = [("window", "class=#32770"), ("press", "caption", "OK"), ("gone",), ("exit",)]
