@@ -10,6 +10,7 @@ namespace tarvex {
 namespace {
 
 constexpr DWORD kLargestFile = 256U << 20U;
+constexpr DWORD kLargestFill = 3;
 constexpr int kHimetricPerInch = 2540;
 
 using UniqueMemory = UniqueHandle<HGLOBAL, GlobalFree>;
@@ -24,7 +25,8 @@ UniqueMemory ReadFileToMemory(std::u16string_view path) {
         return {};
     }
     const auto bytes = static_cast<DWORD>(size.QuadPart);
-    UniqueMemory memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
+    // Behind the file there is room for the fill bytes that its last row may lack.
+    UniqueMemory memory(GlobalAlloc(GHND, bytes + kLargestFill));
     void* const target = memory ? GlobalLock(memory.Get()) : nullptr;
     if (target == nullptr) {
         return {};
