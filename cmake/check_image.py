@@ -80,14 +80,14 @@ IMPORTS = {
         GetVersionExW GlobalAlloc GlobalFree GlobalLock GlobalUnlock HeapAlloc HeapFree
         InitializeCriticalSection InterlockedCompareExchange InterlockedExchange
         IsDBCSLeadByteEx LeaveCriticalSection LoadLibraryA LoadLibraryExW LoadLibraryW
-        LoadResource LocalFree LockResource MoveFileExW MulDiv MultiByteToWideChar
+        LoadResource LocalFree LockFile LockResource MoveFileExW MulDiv MultiByteToWideChar
         OutputDebugStringA QueryPerformanceCounter RaiseException ReadFile ReleaseSemaphore
         ReplaceFileW SetCurrentDirectoryW SetEndOfFile SetErrorMode SetEvent SetFileAttributesW
         SetFilePointer SetFilePointerEx SetLastError SetUnhandledExceptionFilter SizeofResource
         Sleep SwitchToThread TerminateProcess TlsAlloc TlsFree TlsGetValue TlsSetValue
-        TryEnterCriticalSection UnhandledExceptionFilter VerSetConditionMask VirtualProtect
-        VirtualQuery WaitForInputIdle WaitForSingleObject WideCharToMultiByte WriteFile lstrlenA
-        lstrlenW
+        TryEnterCriticalSection UnhandledExceptionFilter UnlockFile VerSetConditionMask
+        VirtualProtect VirtualQuery WaitForInputIdle WaitForSingleObject WideCharToMultiByte
+        WriteFile lstrlenA lstrlenW
         """,
     "msvcrt.dll": """
         _XcptFilter __dllonexit __getmainargs __initenv __p__acmdln __p__commode __p__fmode

@@ -16,8 +16,9 @@ public:
     /// for a folder, an empty path, a path that ends in a separator, wildcards, and on any error.
     virtual bool FileExists(std::u16string_view path) const = 0;
 
-    /// Appends the bytes in one write; creates the file when it is missing. False when the file
-    /// cannot be opened or not all bytes could be written.
+    /// Appends the bytes in one write; creates the file when it is missing. Others may read the
+    /// file and append to it meanwhile. False when the file cannot be opened or not all bytes could
+    /// be written.
     virtual bool Append(std::u16string_view path, std::string_view bytes) = 0;
 
     /// Writes a file whole. The bytes go to a new file beside `path` first, which then takes the

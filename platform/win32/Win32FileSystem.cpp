@@ -27,6 +27,25 @@ bool Replace(const std::u16string& temp, const std::u16string& path) {
     return replaced;
 }
 
+/// A place in a file that nobody reads; whoever has it locked is the one who appends.
+constexpr DWORD kTurn = 0x7FFFFFFF;
+
+/// Without the right to write elsewhere each write goes to the end that the file has then.
+UniqueFile OpenForAppending(const std::u16string& path, DWORD access) {
+    return UniqueFile(CreateFileW(Wide(path), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+/// Locks the file against other writers of this kind: where it lies on a server, two writes may
+/// find the same end. One who does not give up the turn within a second is not waited for.
+void WaitForTurn(HANDLE file) {
+    for (int attempt = 0; attempt < 100 && LockFile(file, kTurn, 0, 1, 0) == FALSE &&
+                          GetLastError() == ERROR_LOCK_VIOLATION;
+         ++attempt) {
+        Sleep(10);
+    }
+}
+
 }  // namespace
 
 bool Win32FileSystem::FileExists(std::u16string_view path) const {
@@ -48,15 +67,22 @@ bool Win32FileSystem::Append(std::u16string_view path, std::string_view bytes) {
     if (name.empty()) {
         return false;
     }
-    const UniqueFile file(CreateFileW(Wide(name), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
-                                      OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    // Only a file opened for reading can be locked; an administrator may have left the users
+    // nothing but the right to append.
+    UniqueFile file = OpenForAppending(name, FILE_APPEND_DATA | FILE_READ_DATA);
+    if (!file) {
+        file = OpenForAppending(name, FILE_APPEND_DATA);
+    }
     if (!file) {
         return false;
     }
+    WaitForTurn(file.Get());
     DWORD written = 0;
-    return WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
-                     nullptr) != FALSE &&
-           written == bytes.size();
+    const bool complete = WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()),
+                                    &written, nullptr) != FALSE &&
+                          written == bytes.size();
+    UnlockFile(file.Get(), kTurn, 0, 1, 0);
+    return complete;
 }
 
 bool Win32FileSystem::Write(std::u16string_view path, std::string_view bytes, bool overwrite) {

@@ -1,10 +1,13 @@
 #include "platform/win32/Win32Files.h"
 
+#include <map>
+
+#include "platform/win32/Handles.h"
 #include "platform/win32/SystemPath.h"
 #include "platform/win32/WideText.h"
-#include "platform/win32/WindowsApi.h"
 #include "tests/platform/FileSystemContract.h"
 #include "tests/support/TestFolder.h"
+#include "text/Text.h"
 
 namespace tarvex {
 
@@ -31,6 +34,77 @@ public:
 private:
     HANDLE handle_;
 };
+
+/// Programs that append entries to one file, all at the same time.
+class Appenders {
+public:
+    static constexpr int kPrograms = 8;
+    static constexpr int kEntries = 50;
+
+    /// Starts them; they append when told to.
+    explicit Appenders(const std::u16string& file) {
+        const std::u16string event = u"Tarvex appenders " + text::Decimal(GetCurrentProcessId());
+        start_ = UniqueEvent(CreateEventW(nullptr, TRUE, FALSE, Wide(event)));
+        const std::u16string program =
+            u"Z:" + text::Replace(text::FromUtf8(TARVEX_APPENDER), u"/", u"\\");
+        for (int i = 0; i < kPrograms; ++i) {
+            std::u16string line = u"\"" + program + u"\" \"" + file + u"\" " + Name(i) + u" " +
+                                  text::Decimal(kEntries) + u" \"" + event + u"\"";
+            STARTUPINFOW startup{};
+            startup.cb = sizeof(startup);
+            PROCESS_INFORMATION started{};
+            if (CreateProcessW(nullptr, Wide(line), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                               &startup, &started) == FALSE) {
+                ADD_FAILURE() << GetLastError();
+                continue;
+            }
+            CloseHandle(started.hThread);
+            programs_.emplace_back(started.hProcess);
+        }
+    }
+
+    /// Lets them append and waits until they have ended; how many entries failed.
+    int Append() {
+        SetEvent(start_.Get());
+        int failed = 0;
+        for (const UniqueProcess& program : programs_) {
+            EXPECT_EQ(WaitForSingleObject(program.Get(), 60000), WAIT_OBJECT_0);
+            DWORD code = 0;
+            GetExitCodeProcess(program.Get(), &code);
+            failed += static_cast<int>(code);
+        }
+        return failed;
+    }
+
+    static std::u16string Name(int program) { return u"P" + text::Decimal(program); }
+
+    /// The entry as a program of that name writes it.
+    static std::string Entry(int program, int number) {
+        return text::ToUtf8(Name(program) + u" entry " + text::Decimal(number) + u": ") +
+               std::string(500, 'x');
+    }
+
+private:
+    using UniqueEvent = UniqueHandle<HANDLE, CloseHandle>;
+    UniqueEvent start_;
+    std::vector<UniqueProcess> programs_;
+};
+
+/// Every entry of the appenders is in the file once and whole, each program's in order.
+void ExpectAllEntries(const std::string& bytes) {
+    std::map<int, int> last;
+    int lines = 0;
+    for (std::size_t at = 0; at < bytes.size(); ++lines) {
+        const std::size_t end = bytes.find("\r\n", at);
+        ASSERT_NE(end, std::string::npos) << bytes.substr(at);
+        ASSERT_EQ(bytes[at], 'P');
+        const int program = bytes[at + 1] - '0';
+        ASSERT_EQ(bytes.substr(at, end - at), Appenders::Entry(program, ++last[program]));
+        at = end + 2;
+    }
+    EXPECT_EQ(lines, Appenders::kPrograms * Appenders::kEntries);
+    EXPECT_EQ(last.size(), std::size_t{Appenders::kPrograms});
+}
 
 }  // namespace
 
@@ -80,6 +154,49 @@ TEST(Win32FileSystemTest, LockedFileExistsButIsLeftAlone) {
     EXPECT_EQ(world.Bytes(u"Start.err"), "alt");
     EXPECT_NE(GetFileAttributesW(Wide(path)) & FILE_ATTRIBUTE_READONLY, 0u);
     EXPECT_EQ(world.Names(), std::vector<std::u16string>{u"Start.err"});
+}
+
+TEST(Win32FileSystemTest, ManyProgramsAppendToOneFileAndNoEntryIsLost) {
+    Win32World world;
+    EXPECT_EQ(Appenders(world.Path(u"Start.log")).Append(), 0);
+    ExpectAllEntries(world.Bytes(u"Start.log").value_or(""));
+}
+
+TEST(Win32FileSystemTest, ProgramsAppendToAFileThatAnotherHoldsOpenForAppending) {
+    Win32World world;
+    const std::u16string path = world.Path(u"Start.log");
+    const UniqueFile open(CreateFileW(Wide(path), FILE_APPEND_DATA,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, 0,
+                                      nullptr));
+    ASSERT_TRUE(open);
+    EXPECT_EQ(Appenders(path).Append(), 0);
+    ExpectAllEntries(world.Bytes(u"Start.log").value_or(""));
+}
+
+TEST(Win32FileSystemTest, AppendsToAFileThatMayNotBeRead) {
+    Win32World world;
+    const std::u16string path = world.Path(u"Start.log");
+    {
+        const UniqueFile open(CreateFileW(Wide(path), FILE_APPEND_DATA, FILE_SHARE_WRITE, nullptr,
+                                          OPEN_ALWAYS, 0, nullptr));
+        ASSERT_TRUE(open);
+        EXPECT_TRUE(world.files().Append(path, "eins\r\n"));
+    }
+    EXPECT_EQ(world.Bytes(u"Start.log"), "eins\r\n");
+}
+
+TEST(Win32FileSystemTest, WriterWhoKeepsItsTurnDoesNotHinderTheOthersForLong) {
+    Win32World world;
+    const std::u16string path = world.Path(u"Start.log");
+    const UniqueFile open(CreateFileW(Wide(path), FILE_APPEND_DATA | FILE_READ_DATA,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, 0,
+                                      nullptr));
+    ASSERT_TRUE(LockFile(open.Get(), 0x7FFFFFFF, 0, 1, 0));
+    const DWORD before = GetTickCount();
+    EXPECT_TRUE(world.files().Append(path, "eins\r\n"));
+    EXPECT_GE(GetTickCount() - before, 900U);
+    EXPECT_LE(GetTickCount() - before, 10000U);
+    EXPECT_EQ(world.Bytes(u"Start.log"), "eins\r\n");
 }
 
 TEST(Win32FileSystemTest, FailedWritesLeaveNothingBehind) {
