@@ -120,16 +120,17 @@ void FileVersionInfo::SetFullPathName(std::u16string_view path) {
 void FileVersionInfo::Refresh() {
     data_ = {};
     std::string block = resource_.ReadBlock(fullPathName_);
-    if (!block.empty() && ReadFixedData(block)) {
+    if (!block.empty()) {
         data_.available = true;
+        ReadFixedData(block);
         ReadTexts(block);
     }
 }
 
-bool FileVersionInfo::ReadFixedData(std::string& block) {
+void FileVersionInfo::ReadFixedData(std::string& block) {
     const auto found = resource_.QueryBytes(block, u"\\");
     if (!found || found->size() < field::kRecordSize) {
-        return false;
+        return;
     }
     const std::string& record = *found;
     const std::uint32_t high = Field(record, field::kFileVersionHigh);
@@ -143,7 +144,6 @@ bool FileVersionInfo::ReadFixedData(std::string& block) {
     const std::uint32_t type = Field(record, field::kType);
     data_.fileType = TypeName(type);
     data_.fileSubType = SubTypeName(type, Field(record, field::kSubType));
-    return true;
 }
 
 void FileVersionInfo::ReadTexts(std::string& block) {

@@ -10,7 +10,8 @@ namespace tarvex {
 
 /// The version resource of a file: its fixed data, turned into English labels where they are codes,
 /// and its texts in the language that it names first. Everything is empty, and Available() false,
-/// until a file with a version resource has been read. No method raises.
+/// until a file with a version resource has been read; in one without the fixed data only what
+/// comes from them stays empty. No method raises.
 class FileVersionInfo {
 public:
     /// `resource` must outlive the object.
@@ -25,7 +26,7 @@ public:
     /// Reads the file named by FullPathName() again.
     void Refresh();
 
-    /// True when the file has a version resource.
+    /// True when the file has a version resource that can be read.
     bool Available() const { return data_.available; }
 
     /// Names of the flags that are set. Kept: each is followed by a blank, the last one too, as reports
@@ -39,8 +40,8 @@ public:
     const std::u16string& Comments() const { return data_.comments; }
     const std::u16string& CompanyName() const { return data_.companyName; }
     const std::u16string& FileDescription() const { return data_.fileDescription; }
-    /// The text of the resource, or "major.minor.build.revision" as "3.00.00.0012" when it is
-    /// blank.
+    /// The text of the resource, or, when it is blank, the "major.minor.build.revision" of the
+    /// fixed data as "3.00.00.0012".
     const std::u16string& FileVersion() const { return data_.fileVersion; }
     std::int32_t FileVersionMajor() const { return data_.fileVersionMajor; }
     std::int32_t FileVersionMinor() const { return data_.fileVersionMinor; }
@@ -76,7 +77,7 @@ private:
         std::u16string productVersion;
     };
 
-    bool ReadFixedData(std::string& block);
+    void ReadFixedData(std::string& block);
     void ReadTexts(std::string& block);
 
     const VersionResource& resource_;

@@ -173,6 +173,27 @@ def test_texts_without_translation_are_not_read(read):
     assert read(file) == [expected] == [versionblock.properties(file)]
 
 
+def test_block_without_fixed_record_has_its_texts_and_language(read, tmp_path):
+    data = (TOOLS / "versions_font.dll").read_bytes()
+    block = versionblock.resource(TOOLS / "versions_font.dll")
+    length, size, is_text = struct.unpack_from("<3H", block)
+    assert size == 52
+    # The key ends at a place where the record may stand, and what follows the record moves there.
+    shorter = struct.pack("<3H", length - 52, 0, is_text) + block[6:40] + block[92:] + bytes(52)
+    file = tmp_path / "ohne.dll"
+    file.write_bytes(data.replace(block, shorter))
+    expected = FONT | {
+        "FileFlags": "",
+        "FileOS": "",
+        "FileType": "",
+        "FileSubType": "",
+        "FileVersion": "",  # its text is blank
+        "FileVersionMajor": 0,
+        "FileVersionMinor": 0,
+    }
+    assert read(file) == [expected]
+
+
 @pytest.mark.parametrize("name", ["Größe ß.dll", "Schrift 日本.dll"])
 def test_file_with_any_name(read, tmp_path, name):
     file = tmp_path / name
@@ -216,4 +237,4 @@ def test_damaged_lengths_do_no_harm(read, tmp_path):
         assert found.pop() == FONT
     # The first number is the length of the whole block, which the texts do not depend on.
     assert found[0] == FONT
-    assert EMPTY in found
+    assert EMPTY | {"Available": True} in found

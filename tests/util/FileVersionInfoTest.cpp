@@ -68,11 +68,37 @@ TEST_F(FileVersionInfoTest, RefusedPathChangesNothing) {
     EXPECT_TRUE(info.Available());
 }
 
-TEST_F(FileVersionInfoTest, BlockWithoutFixedRecordCountsAsUnreadable) {
+TEST_F(FileVersionInfoTest, BlockWithoutFixedRecordHasItsTextsAndLanguage) {
     FakeVersionFile file;
     file.record.reset();
+    file.texts[u"\\StringFileInfo\\040704B0\\CompanyName"] = u"Müller & Söhne";
+    file.texts[u"\\StringFileInfo\\040704B0\\FileVersion"] = u"3.7 deutsch";
+    file.texts[u"\\StringFileInfo\\040704B0\\ProductVersion"] = u"   ";
+    file.texts[u"\\StringFileInfo\\040704B0\\Comments"] = u"Größe";
     Read(file);
-    ExpectEmpty();
+    EXPECT_TRUE(info.Available());
+    EXPECT_EQ(u"Müller & Söhne", info.CompanyName());
+    EXPECT_EQ(u"3.7 deutsch", info.FileVersion());
+    EXPECT_EQ(u"Größe", info.Comments());
+    EXPECT_EQ(u"Deutsch (Deutschland)", info.Language());
+    EXPECT_EQ(u"", info.ProductVersion());
+    EXPECT_EQ(u"", info.FileFlags());
+    EXPECT_EQ(u"", info.FileOS());
+    EXPECT_EQ(u"", info.FileType());
+    EXPECT_EQ(u"", info.FileSubType());
+    EXPECT_EQ(0, info.FileVersionMajor());
+    EXPECT_EQ(0, info.FileVersionMinor());
+}
+
+TEST_F(FileVersionInfoTest, BlockWithNothingInItIsAvailable) {
+    FakeVersionFile file;
+    file.record.reset();
+    file.translation.reset();
+    Read(file);
+    EXPECT_TRUE(info.Available());
+    EXPECT_EQ(u"", info.FileVersion());
+    EXPECT_EQ(u"", info.ProductVersion());
+    EXPECT_EQ(u"", info.Language());
 }
 
 TEST_F(FileVersionInfoTest, AllTenTextsAreReadInOrderUnderTheFirstTranslation) {
