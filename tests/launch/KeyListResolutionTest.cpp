@@ -112,6 +112,19 @@ TEST_F(DatabaseListTest, SubFolderGetsOneSeparator) {
     EXPECT_EQ(Resolve().at(7), "Schlüsselinhalt um Unterpfad ergänzt: D:\\Daten\\k.mdb");
 }
 
+TEST_F(DatabaseListTest, SlashAtTheEndMakesNoFolder) {
+    files.AddFile(u"D:\\Daten\\k.mdb");
+    Store(u"Pfad", "D:/Daten/");
+    tarvex_.RegListAdd(1, u"HKLM\\SOFTWARE\\Firma\\Pfad");
+    EXPECT_EQ(Resolve(), Join({EntryLines("HKLM\\SOFTWARE\\Firma\\Pfad", "HKLM", "SOFTWARE\\Firma",
+                                          "Pfad", "-", "-"),
+                               {"Schlüsselinhalt: D:/Daten/", "Datenbank: D:/Daten/",
+                                "Datenbank: : Nicht vorhanden an dieser Position",
+                                "Pfad konnte nicht ermittelt werden"}}));
+    tarvex_.SetDBRegListString(u"HKLM\\SOFTWARE\\Firma\\Pfad%|Filename%|k.mdb");
+    EXPECT_EQ(Resolve().at(7), "Datenbank: D:/Daten/\\k.mdb");
+}
+
 TEST_F(DatabaseListTest, SubFolderWithoutFileNameFails) {
     Store(u"Pfad", "D:\\");
     tarvex_.RegListAdd(1, u"HKLM\\SOFTWARE\\Firma\\Pfad%|SubDir|%Daten");

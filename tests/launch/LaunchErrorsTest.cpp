@@ -92,6 +92,16 @@ TEST(LaunchErrorTextTest, FirstValueTakesEveryPlaceholder) {
     EXPECT_EQ(FillLaunchErrorText(u"A ## B ##", u"x", u"y"), u"A x B x");
 }
 
+TEST(LaunchErrorTextTest, FirstPlaceholdersPlaceSaysHowManyAreReplaced) {
+    EXPECT_EQ(FillLaunchErrorText(u"## ## ## ## ##", u"x"), u"x x x ## ##");
+    EXPECT_EQ(FillLaunchErrorText(u"A########################", u"x"), u"Axxxx################");
+}
+
+TEST(LaunchErrorTextTest, SecondValueTakesWhatTheFirstLeft) {
+    EXPECT_EQ(FillLaunchErrorText(u"## ## ## ## ##", u"x", u"y"), u"x x x y y");
+    EXPECT_EQ(FillLaunchErrorText(u"## ## ## ## ##", std::nullopt, u"y"), u"## ## ## ## ##");
+}
+
 TEST(LaunchErrorTextTest, SecondValueTakesAPlaceholderThatTheFirstBrought) {
     EXPECT_EQ(FillLaunchErrorText(u"A ## B", u"x##", u"y"), u"A xy B");
 }
@@ -172,6 +182,11 @@ TEST_F(RaiseLaunchErrorTest, BusyPointerIsReset) {
     Raise(LaunchError::HKeyMissing);
     EXPECT_TRUE(ui.pointerDefault);
     EXPECT_EQ(ui.pointerChanges, 1);
+}
+
+TEST_F(RaiseLaunchErrorTest, DefaultPointerIsLeftAlone) {
+    Raise(-1, {}, {});
+    EXPECT_EQ(ui.pointerChanges, 0);
 }
 
 TEST_F(RaiseLaunchErrorTest, BusyPointerIsResetWhenAnErrorIsPassedOn) {

@@ -52,6 +52,14 @@ TEST_F(ProfileResolutionTest, VerifiedProfileIsFoundInAnyCase) {
     EXPECT_EQ(CommandLine(), "\"C:\\Office\\msaccess.exe\" /Profile \"Büro\"");
 }
 
+TEST_F(ProfileResolutionTest, PartOfAnotherNameIsNoProfile) {
+    registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Büro 2", "x");
+    registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Mein Büro", "x");
+    tarvex_.SetProfile(u"Büro");
+    tarvex_.SetVerifyProfile(true);
+    EXPECT_EQ(Resolve().back(), "Profil ist nicht vorhanden");
+}
+
 TEST_F(ProfileResolutionTest, KeyFollowsTheVersion) {
     const std::pair<std::int32_t, std::string> versions[] = {{1, "9.0"}, {2, "10.0"}, {3, "11.0"}};
     tarvex_.Properties().profile = u"Büro";
@@ -101,6 +109,17 @@ TEST_F(ProfileResolutionTest, NameThatIsTooLongEndsTheSearch) {
     tarvex_.Properties().profile = u"Büro";
     tarvex_.Properties().verifyProfile = true;
     EXPECT_EQ(Resolve().back(), "Profil ist nicht vorhanden");
+}
+
+TEST_F(ProfileResolutionTest, LongestNameIsFoundAndDoesNotEndTheSearch) {
+    const std::u16string longest(256, u'n');
+    registry.SetOther(kHKeyLocalMachine, kKey8, longest);
+    registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Büro", "x");
+    tarvex_.SetVerifyProfile(true);
+    for (const std::u16string& profile : {longest, std::u16string(u"Büro")}) {
+        tarvex_.SetProfile(profile);
+        EXPECT_EQ(Resolve().back(), "Profil: OK");
+    }
 }
 
 TEST_F(ProfileResolutionTest, VersionBelowMinusOneHasNoProfileKey) {

@@ -51,7 +51,9 @@ TEST(HKeyTest, ShortAndLongNamesAreKnownInAnyCase) {
 
 TEST(HKeyTest, UnknownNameIsNoRoot) {
     EXPECT_EQ(cuTarvex::HKeyString2Enum(u"HKEY_DYN_DATA"), kNoHKey);
-    EXPECT_EQ(cuTarvex::HKeyString2Enum(u"HKLM "), kNoHKey);
+    for (const auto* name : {u"HKLM ", u"xHKLM", u"HKEY_USERSx", u"xHKEY_USERS"}) {
+        EXPECT_EQ(cuTarvex::HKeyString2Enum(name), kNoHKey) << text::ToUtf8(name);
+    }
     EXPECT_EQ(cuTarvex::HKeyString2Enum(u""), kNoHKey);
 }
 
