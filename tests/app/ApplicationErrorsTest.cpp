@@ -60,6 +60,16 @@ TEST_F(ApplicationErrorsTest, ConfiguredTextFollowsInTheBox) {
               std::u16string(kBoxText) + u"\r\n\r\nRufen Sie 0800-1 an.@@Danke");
 }
 
+TEST_F(ApplicationErrorsTest, BoxTextEndsWithoutLineBreaks) {
+    for (const auto* text : {u"\r\n\r\n", u"\r\n", u"\n\r\n\r\r\n\r\n"}) {
+        Launch(With(Missing(), {{kFieldErrBoxText, text}}));
+        EXPECT_EQ(windows.boxes.back().text, kBoxText);
+    }
+    Launch(With(Missing(), {{kFieldErrBoxText, u"Rufen Sie an.\r\n\r\nDanke\r\n\r\n"}}));
+    EXPECT_EQ(windows.boxes.back().text,
+              std::u16string(kBoxText) + u"\r\n\r\nRufen Sie an.\r\n\r\nDanke");
+}
+
 TEST_F(ApplicationErrorsTest, DetailsHoldErrorAndDiagnosticLog) {
     windows.answers = {2};
     Launch(Missing());
@@ -78,6 +88,25 @@ TEST_F(ApplicationErrorsTest, ConfiguredDetailTextIsWrappedBetweenHeadingAndRepo
                   .append(u"Bitte senden Sie diesen Text zusammen mit einer kurzen Beschreibung "
                           u"Ihrer letzten Schritte\r\nan die Technik.\r\n\r\n")
                   .append(kMissingReport));
+}
+
+TEST_F(ApplicationErrorsTest, ConfiguredDetailTextIsWrappedAtNinetyCharacters) {
+    const std::u16string first(50, u'x');
+    windows.answers = {2, 2};
+    Launch(With(Missing(), {{kFieldErrDebugText, first + u" " + std::u16string(39, u'y')}}));
+    EXPECT_EQ(windows.debugWindows.back().text, std::u16string(kHeading)
+                                                    .append(first)
+                                                    .append(u" ")
+                                                    .append(39, u'y')
+                                                    .append(u"\r\n\r\n")
+                                                    .append(kMissingReport));
+    Launch(With(Missing(), {{kFieldErrDebugText, first + u" " + std::u16string(40, u'y')}}));
+    EXPECT_EQ(windows.debugWindows.back().text, std::u16string(kHeading)
+                                                    .append(first)
+                                                    .append(u"\r\n")
+                                                    .append(40, u'y')
+                                                    .append(u"\r\n\r\n")
+                                                    .append(kMissingReport));
 }
 
 TEST_F(ApplicationErrorsTest, TestModeShowsTheReportWithoutABox) {

@@ -27,6 +27,28 @@ TEST_F(AppErrorRaiseTest, PassingOnWithoutPendingErrorReturns) {
     EXPECT_EQ(ui.pointerChanges, 0);
 }
 
+TEST_F(AppErrorRaiseTest, APendingErrorWithoutNumberIsNoError) {
+    SetPending(0, u"cuTarvex: GetDBPath", u"Text", 12);
+    ui.pointerDefault = false;
+    std::int32_t number = 0;
+    std::u16string source = u"Application";
+    std::u16string description = u"Beschreibung";
+    EXPECT_NO_THROW(errors.ErrRaise(number, source, u"Init", description));
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(source, u"Application");
+    EXPECT_EQ(description, u"Beschreibung");
+    EXPECT_EQ(errors.Pending(), nullptr);
+    EXPECT_EQ(ui.pointerChanges, 0);
+}
+
+TEST_F(AppErrorRaiseTest, ANumberOfItsOwnIsRaisedWithAPendingErrorWithoutNumber) {
+    SetPending(0, u"cuTarvex", u"Text", 12);
+    const RaisedError error = Raised(5, u"Application", u"Init");
+    EXPECT_EQ(error.number, 5);
+    EXPECT_EQ(error.source, u"cuTarvex | Application: Init (12)");
+    EXPECT_EQ(error.description, u"Text");
+}
+
 TEST_F(AppErrorRaiseTest, ANegativeNumberRaisesAMessage) {
     const RaisedError error = Raised(-105, {}, {}, {}, u"C:\\Prog\\Kunden.mdb");
     EXPECT_EQ(error.number, -2147221609);
@@ -140,12 +162,20 @@ TEST_F(AppErrorRaiseTest, ResetsTheMousePointer) {
     EXPECT_TRUE(ui.pointerDefault);
 }
 
+TEST_F(AppErrorRaiseTest, AHelpFileWithoutFolderIsTheProgramsToo) {
+    errors.SetHelpFile(u"Start.chm");
+    EXPECT_EQ(Raised(5, {}, {}, u"Text", {}, {}, 1).helpFile, u"C:\\Prog\\Start.chm");
+}
+
 TEST_F(AppErrorRaiseTest, RaiseMessageTakesThePositiveNumber) {
+    errors.SetHelpFile(u"C:\\Prog\\Start.chm");
     try {
         errors.RaiseMessage(Message::NotBranded, u"C:\\Prog\\Start.exe");
     } catch (const RaisedError& error) {
         EXPECT_EQ(error.number, -2147221621);
         EXPECT_EQ(error.source, u"");
+        EXPECT_EQ(error.helpFile, u"");
+        EXPECT_EQ(error.helpContext, 0);
         EXPECT_EQ(error.description,
                   u"Im Startprogramm 'C:\\Prog\\Start.exe' wurden keine Parameter gesetzt.\r\n"
                   u"Verwenden Sie das Tarvex-Konfigurationsprogramm, um die Parameter für die zu "
@@ -173,17 +203,29 @@ protected:
 };
 
 TEST_F(AppErrorStoreTest, RaisesTheStoredErrorAgain) {
-    errors.SetPending({-2147220475, u"cuTarvex: GetDBPath", u"a@@b##", u"C:\\h.chm", 42, 0});
+    errors.SetPending({-2147220475, u"cuTarvex: GetDBPath", u"a@@b##", u"C:\\h.chm", 42, 1});
     errors.ErrStore();
     errors.ClearPending();
     ui.pointerDefault = false;
     const RaisedError error = RaisedAgain(u"Application", u"Init");
     EXPECT_EQ(error.number, -2147220475);
     EXPECT_EQ(error.description, u"a@@b##");
-    EXPECT_EQ(error.source, u"cuTarvex: GetDBPath | Application: Init");
+    EXPECT_EQ(error.source, u"cuTarvex: GetDBPath | Application: Init (1)");
     EXPECT_EQ(error.helpFile, u"");
     EXPECT_EQ(error.helpContext, 0);
+    EXPECT_EQ(error.line, 0);
     EXPECT_TRUE(ui.pointerDefault);
+}
+
+TEST_F(AppErrorStoreTest, StoringWithoutPendingErrorForgetsTheStoredOne) {
+    SetPending(5, u"cuTarvex", u"Text", 12);
+    errors.ErrStore();
+    errors.ClearPending();
+    errors.ErrStore();
+    const RaisedError error = RaisedAgain(u"Application", u"Init");
+    EXPECT_EQ(error.number, 0);
+    EXPECT_EQ(error.source, u" | Application: Init");
+    EXPECT_EQ(error.description, u"");
 }
 
 TEST_F(AppErrorStoreTest, TheProjectNameStaysAsStoredSource) {

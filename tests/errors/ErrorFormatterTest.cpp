@@ -40,6 +40,8 @@ TEST_F(ErrorFormatterTest, TheLevelDecidesWhichRowsAppear) {
     SetPending(7, u"Quelle", u"Text", 3);
     errors.SetErrLevel(1);
     EXPECT_EQ(Formatted(u"Application", u"Init"), u"Nummer       : 7\r\nBeschreibung : Text");
+    errors.SetErrLevel(3);
+    EXPECT_EQ(Formatted(u"Application", u"Init"), u"Nummer       : 7\r\nBeschreibung : Text");
     errors.SetErrLevel(0);
     EXPECT_EQ(Formatted(u"Application", u"Init"), u"");
     errors.SetErrLevel(-1);
@@ -52,6 +54,15 @@ TEST_F(ErrorFormatterTest, LongValuesContinueUnderTheirFirstCharacter) {
     const std::u16string indent(15, u' ');
     EXPECT_EQ(Formatted(),
               u"Beschreibung : " + eighty + u"\r\n" + indent + eighty + u"\r\n" + indent + u"Ende");
+}
+
+TEST_F(ErrorFormatterTest, ValuesAreWrappedAtEightyCharacters) {
+    const std::u16string first(40, u'x');
+    SetPending(0, u"", first + u" " + std::u16string(39, u'y'));
+    EXPECT_EQ(Formatted(), u"Beschreibung : " + first + u" " + std::u16string(39, u'y'));
+    SetPending(0, u"", first + u" " + std::u16string(40, u'y'));
+    EXPECT_EQ(Formatted(), u"Beschreibung : " + first + u"\r\n" + std::u16string(15, u' ') +
+                               std::u16string(40, u'y'));
 }
 
 TEST_F(ErrorFormatterTest, ParagraphsOfAValueStayParagraphs) {

@@ -94,7 +94,9 @@ TEST_F(HelpTest, AnyContextIsPassedOn) {
 
 TEST_F(HelpTest, OtherExtensionsDoNothing) {
     for (const char16_t* const path :
-         {u"", u"C:\\Prog\\Start.txt", u"C:\\Prog\\Start", u"chm", u"C:\\Prog.chm\\Start"}) {
+         {u"", u"C:\\Prog\\Start.txt", u"C:\\Prog\\Start", u"chm", u"C:\\Prog.chm\\Start",
+          u"C:\\Prog\\Start.xhlp", u"C:\\Prog\\Start.hlpx", u"C:\\Prog\\Start.xchm",
+          u"C:\\Prog\\Start.chmx"}) {
         Show(path);
     }
     EXPECT_TRUE(api.calls.empty());

@@ -23,7 +23,7 @@ std::uintptr_t FakeCaptionBoxApi::StartTimer(WindowHandle owner, std::uintptr_t 
                   text::Decimal(milliseconds));
     procedure_ = procedure;
     running_ = true;
-    return owner == nullptr ? systemTimer : id;
+    return systemTimer;
 }
 
 void FakeCaptionBoxApi::StopTimer(WindowHandle owner, std::uintptr_t id) {

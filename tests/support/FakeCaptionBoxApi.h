@@ -18,7 +18,7 @@ public:
     bool timerFires = true;          ///< false: the box is closed before the timer is due
     bool boxIsActive = true;         ///< false: no window of the thread is active
     std::vector<int> items;          ///< that the box has
-    std::uintptr_t systemTimer = 0;  ///< id of a timer without owner
+    std::uintptr_t systemTimer = 0;  ///< what starting a timer returns
     std::map<int, std::u16string> captions;
     std::uint32_t style = 0;
     std::function<void()> inTimer;  ///< runs when a caption is set
