@@ -120,11 +120,12 @@ TEST_F(ApplicationTest, SwitchesAddCompactAndRepairAndClearNothing) {
 TEST_F(ApplicationTest, PictureIsShownBeforeAnythingIsResolved) {
     files.AddFile(u"C:\\Prog\\Bild.bmp");
     files.Remove(u"C:\\Prog\\Daten\\Kunden.mdb");
-    Launch(With(Kunden(), {{kFieldPicFilename, u"Bild.bmp"}, {kFieldPicDelay, u"300"}}));
+    Launch(With(Kunden(), {{kFieldPicFilename, u"Bild.bmp"}, {kFieldPicDelay, u"1"}}));
     EXPECT_EQ(windows.events, (std::vector<std::string>{"picture", "box"}));
     ASSERT_EQ(windows.pictures.size(), 1u);
     EXPECT_EQ(windows.pictures.front().path, u"C:\\Prog\\Bild.bmp");
-    EXPECT_EQ(windows.pictures.front().milliseconds, 300);
+    EXPECT_EQ(windows.pictures.front().milliseconds, 1);
+    EXPECT_EQ(windows.pictures.front().helpContext, 0);
 }
 
 TEST_F(ApplicationTest, PictureThatHasGoneSinceItWasFoundIsNotShown) {

@@ -41,11 +41,17 @@ TEST(LaunchSwitchesTest, TextBeforeTheFirstSlashIsNoSwitch) {
 }
 
 TEST(LaunchSwitchesTest, UnknownNamesChangeNothing) {
-    const LaunchSwitches switches = ParseLaunchSwitches(u"/X /Test /Compacts /Rep / //");
+    const LaunchSwitches switches = ParseLaunchSwitches(
+        u"/X /Test /TT /DD /xD /Dx /Compacts /xCompact /Rep /xRepair /Repairs / //");
     EXPECT_FALSE(switches.test);
     EXPECT_FALSE(switches.info);
     EXPECT_FALSE(switches.compact);
     EXPECT_FALSE(switches.repair);
+}
+
+TEST(LaunchSwitchesTest, SlashWithoutNameDoesNotHideTheNextSwitch) {
+    EXPECT_TRUE(ParseLaunchSwitches(u"//T").test);
+    EXPECT_TRUE(ParseLaunchSwitches(u"/ /T").test);
 }
 
 TEST(LaunchSwitchesTest, FirstWordBehindDIsThePassword) {

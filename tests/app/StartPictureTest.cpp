@@ -219,6 +219,33 @@ TEST_F(StartPictureTest, EntryThatCannotBeReadIsReportedAndTheNextOneTried) {
     EXPECT_TRUE(report.ends_with(kFound));
 }
 
+TEST_F(StartPictureTest, EntryThatLeadsToNoPictureIsPassedOver) {
+    const std::pair<std::u16string_view, const char*> values[] = {
+        {u"Gif", "C:\\x.gif"},
+        {u"Fehlt", "C:\\fehlt.bmp"},
+        {u"Ordner", "C:\\Bilder\\"},
+        {u"Pfad", "C:\\Bilder\\Neu\\Start.bmp"}};
+    for (const auto& [name, value] : values) {
+        registry.SetTextZ(kHKeyCurrentUser, u"A", name, value);
+    }
+    files.AddFile(u"C:\\x.gif");
+    files.AddFile(u"C:\\Bilder\\Neu\\Start.bmp");
+    const std::u16string report = ResolveLists({{kFieldPicRegList01, u"HKCU\\A\\Gif"},
+                                                {kFieldPicRegList02, u"HKCU\\A\\Fehlt"},
+                                                {kFieldPicRegList03, u"HKCU\\A\\Ordner"},
+                                                {kFieldPicRegList04, u"HKCU\\A\\Pfad%|SubDir|%Neu"},
+                                                {kFieldPicRegList05, u"HKCU\\A\\NichtDa"},
+                                                {kFieldPicRegList06, u"HKCU\\A\\Pfad"}});
+    EXPECT_TRUE(report.ends_with(kFound)) << testing::PrintToString(report);
+    EXPECT_EQ(picture.Path(), u"C:\\Bilder\\Neu\\Start.bmp");
+    EXPECT_EQ(registry.log.size(), 6u);
+}
+
+TEST_F(StartPictureEntryTest, SlashAtTheEndMakesNoFolder) {
+    EXPECT_EQ(Rest(u"", "C:/Bilder/"),
+              u"Schlüsselinhalt: C:/Bilder/\r\nFehler: Dateiname ist unzulässig");
+}
+
 TEST_F(StartPictureTest, FieldIsOneEntryEvenWithAListMarkInIt) {
     ResolveLists({{kPicRegList.Field(1), u"HKCU\\A\\B%|%HKCU\\C\\D"}});
     EXPECT_EQ(registry.log, std::vector<std::u16string>{u"read HKCU\\A\\B%|%HKCU\\C\\D"});
@@ -246,8 +273,11 @@ TEST_F(StartPictureTest, FirstReportLineStandsAloneAndAFlagAddsAnEmptyLine) {
 }
 
 TEST_F(StartPictureTest, SecondResolutionStartsANewReport) {
-    Resolve({{kFieldPicDelay, u"800"}});
+    files.AddFile(u"C:\\Prog\\Bild.bmp");
+    Resolve({{kFieldPicDelay, u"800"}, {kFieldPicFilename, u"Bild.bmp"}});
+    EXPECT_EQ(picture.Path(), u"C:\\Prog\\Bild.bmp");
     EXPECT_EQ(Resolve({}), u"[Startbild]\r\nDauer: 0, Bild wird nicht angezeigt");
+    EXPECT_EQ(picture.Path(), u"");
 }
 
 }  // namespace
