@@ -1,33 +1,35 @@
 #include <gtest/gtest.h>
 
-#include <climits>
-
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
 
-TEST(TextFoldTest, LettersWithAccentsHaveALowerCaseForm) {
-    const std::u16string upper = u"AZÄÖÜÀÞŠŽŒŸĀĞŐŽΑΣΆΌΏАЯЁЇҐ";
-    const std::u16string lower = u"azäöüàþšžœÿāğőžασάόώаяёїґ";
-    ASSERT_EQ(upper.size(), lower.size());
-    for (std::size_t i = 0; i < upper.size(); ++i) {
-        EXPECT_EQ(text::Fold(upper[i]), lower[i]) << i;
-        EXPECT_EQ(text::Fold(lower[i]), lower[i]) << i;
+/// The upper-case letters of Latin, Greek and Cyrillic alphabets and their lower-case forms.
+constexpr std::u16string_view kUpper =
+    u"ABCDEFGHIJKLMNOPQRSTUVWXYZÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝÞĀĂĄĆ"
+    u"ĈĊČĎĐĒĔĖĘĚĜĞĠĢĤĦĨĪĬĮĲĴĶĹĻĽĿŁŃŅŇŊŌŎŐŒŔŖŘŚŜŞŠŢŤŦŨŪŬŮŰŲŴŶŸŹŻŽƏƠ"
+    u"ƯΆΈΉΊΌΎΏΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩΪΫЀЁЂЃЄЅІЇЈЉЊЋЌЍЎЏАБВГДЕЖЗИЙ"
+    u"КЛМНОПРСТУФХЦЧШЩЪЫЬЭЮЯҐ";
+constexpr std::u16string_view kLower =
+    u"abcdefghijklmnopqrstuvwxyzàáâãäåæçèéêëìíîïðñòóôõöøùúûüýþāăąć"
+    u"ĉċčďđēĕėęěĝğġģĥħĩīĭįĳĵķĺļľŀłńņňŋōŏőœŕŗřśŝşšţťŧũūŭůűųŵŷÿźżžəơ"
+    u"ưάέήίόύώαβγδεζηθικλμνξοπρστυφχψωϊϋѐёђѓєѕіїјљњћќѝўџабвгдежзий"
+    u"клмнопрстуфхцчшщъыьэюяґ";
+
+TEST(TextFoldTest, UpperCaseLettersHaveALowerCaseForm) {
+    ASSERT_EQ(kUpper.size(), kLower.size());
+    for (std::size_t i = 0; i < kUpper.size(); ++i) {
+        EXPECT_EQ(text::Fold(kUpper[i]), kLower[i]) << text::ToUtf8(kUpper.substr(i, 1));
     }
 }
 
-TEST(TextFoldTest, CharactersWithoutCaseStay) {
-    for (const char16_t unit : std::u16string(u"\u00D7\u00F7\u00DF@[`{0-'\u00A0\u0130\u0131")) {
-        EXPECT_EQ(text::Fold(unit), unit) << static_cast<unsigned>(unit);
-    }
-    EXPECT_EQ(text::Fold(u'\0'), u'\0');
-}
-
-TEST(TextFoldTest, FoldingTwiceChangesNothingMore) {
+TEST(TextFoldTest, EveryOtherUnitStays) {
     for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
-        const char16_t once = text::Fold(static_cast<char16_t>(unit));
-        ASSERT_EQ(text::Fold(once), once) << unit;
+        const auto other = static_cast<char16_t>(unit);
+        if (kUpper.find(other) == std::u16string_view::npos) {
+            ASSERT_EQ(text::Fold(other), other) << unit;
+        }
     }
 }
 

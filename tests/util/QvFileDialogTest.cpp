@@ -167,6 +167,10 @@ TEST_F(QvFileDialogTest, UnknownIntentionIsShownToTheUser) {
     EXPECT_EQ(u"Unbekannte Intention: Löschen", ui.boxes[0].text);
     EXPECT_EQ(u"Z_CheckFlags", ui.boxes[0].title);
     EXPECT_EQ(16U, ui.boxes[0].style);
+    for (const auto* intention : {u"xOpen", u"Openx", u"xSave", u"Savex"}) {
+        EXPECT_EQ(0U, dialog.CheckFlags(intention));
+    }
+    EXPECT_EQ(5U, ui.boxes.size());
 }
 
 TEST_F(QvFileDialogTest, FolderBrowserHasDefaults) {
