@@ -25,7 +25,7 @@ UniqueMemory ReadFileToMemory(std::u16string_view path) {
         return {};
     }
     const auto bytes = static_cast<DWORD>(size.QuadPart);
-    // Behind the file there is room for the fill bytes that its last row may lack.
+    // After the file there is room for the fill bytes that its last row may lack.
     UniqueMemory memory(GlobalAlloc(GHND, bytes + kLargestFill));
     void* const target = memory ? GlobalLock(memory.Get()) : nullptr;
     if (target == nullptr) {
