@@ -19,8 +19,8 @@ public:
     /// is missing or cannot be opened there. Any other extension: nothing happens.
     void ShowHelp(WindowHandle owner, std::u16string_view path, std::int32_t context) noexcept;
 
-    /// What follows the last "." of the whole path, empty without a ".". Kept: a folder's "." counts
-    /// as well, so that a file without extension in such a folder opens no help.
+    /// What follows the last "." of the whole path, empty without a ".". Kept: a folder's "."
+    /// counts as well, so that a file without extension in such a folder opens no help.
     static std::u16string_view FileExtension(std::u16string_view path);
 
 private:

@@ -29,8 +29,8 @@ public:
     /// True when the file has a version resource that can be read.
     bool Available() const { return data_.available; }
 
-    /// Names of the flags that are set. Kept: each is followed by a blank, the last one too, as reports
-    /// show it: "Debug Special ".
+    /// Names of the flags that are set. Kept: each is followed by a blank, the last one too, as
+    /// reports show it: "Debug Special ".
     const std::u16string& FileFlags() const { return data_.fileFlags; }
     const std::u16string& FileOS() const { return data_.fileOS; }
     const std::u16string& FileType() const { return data_.fileType; }

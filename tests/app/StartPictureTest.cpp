@@ -230,12 +230,13 @@ TEST_F(StartPictureTest, EntryThatLeadsToNoPictureIsPassedOver) {
     }
     files.AddFile(u"C:\\x.gif");
     files.AddFile(u"C:\\Bilder\\Neu\\Start.bmp");
-    const std::u16string report = ResolveLists({{kFieldPicRegList01, u"HKCU\\A\\Gif"},
-                                                {kFieldPicRegList02, u"HKCU\\A\\Fehlt"},
-                                                {kFieldPicRegList03, u"HKCU\\A\\Ordner"},
-                                                {kFieldPicRegList04, u"HKCU\\A\\Pfad%|SubDir|%Neu"},
-                                                {kFieldPicRegList05, u"HKCU\\A\\NichtDa"},
-                                                {kFieldPicRegList06, u"HKCU\\A\\Pfad"}});
+    const std::u16string report =
+        ResolveLists({{kPicRegList.Field(1), u"HKCU\\A\\Gif"},
+                      {kPicRegList.Field(2), u"HKCU\\A\\Fehlt"},
+                      {kPicRegList.Field(3), u"HKCU\\A\\Ordner"},
+                      {kPicRegList.Field(4), u"HKCU\\A\\Pfad%|SubDir|%Neu"},
+                      {kPicRegList.Field(5), u"HKCU\\A\\NichtDa"},
+                      {kPicRegList.Field(6), u"HKCU\\A\\Pfad"}});
     EXPECT_TRUE(report.ends_with(kFound)) << testing::PrintToString(report);
     EXPECT_EQ(picture.Path(), u"C:\\Bilder\\Neu\\Start.bmp");
     EXPECT_EQ(registry.log.size(), 6u);

@@ -121,7 +121,7 @@ TEST_F(DatabaseListTest, SlashAtTheEndMakesNoFolder) {
                                {"Schlüsselinhalt: D:/Daten/", "Datenbank: D:/Daten/",
                                 "Datenbank: : Nicht vorhanden an dieser Position",
                                 "Pfad konnte nicht ermittelt werden"}}));
-    tarvex_.SetDBRegListString(u"HKLM\\SOFTWARE\\Firma\\Pfad%|Filename%|k.mdb");
+    tarvex_.Properties().dbRegListString = u"HKLM\\SOFTWARE\\Firma\\Pfad%|Filename%|k.mdb";
     EXPECT_EQ(Resolve().at(7), "Datenbank: D:/Daten/\\k.mdb");
 }
 

@@ -184,11 +184,6 @@ TEST_F(RaiseLaunchErrorTest, BusyPointerIsReset) {
     EXPECT_EQ(ui.pointerChanges, 1);
 }
 
-TEST_F(RaiseLaunchErrorTest, DefaultPointerIsLeftAlone) {
-    Raise(-1, {}, {});
-    EXPECT_EQ(ui.pointerChanges, 0);
-}
-
 TEST_F(RaiseLaunchErrorTest, BusyPointerIsResetWhenAnErrorIsPassedOn) {
     ui.pointerDefault = false;
     PassOn(RaisedError{13, {}, {}, {}, 0, 0}, {});

@@ -55,8 +55,8 @@ TEST_F(ProfileResolutionTest, VerifiedProfileIsFoundInAnyCase) {
 TEST_F(ProfileResolutionTest, PartOfAnotherNameIsNoProfile) {
     registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Büro 2", "x");
     registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Mein Büro", "x");
-    tarvex_.SetProfile(u"Büro");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().profile = u"Büro";
+    tarvex_.Properties().verifyProfile = true;
     EXPECT_EQ(Resolve().back(), "Profil ist nicht vorhanden");
 }
 
@@ -115,9 +115,9 @@ TEST_F(ProfileResolutionTest, LongestNameIsFoundAndDoesNotEndTheSearch) {
     const std::u16string longest(256, u'n');
     registry.SetOther(kHKeyLocalMachine, kKey8, longest);
     registry.SetTextZ(kHKeyLocalMachine, kKey8, u"Büro", "x");
-    tarvex_.SetVerifyProfile(true);
+    tarvex_.Properties().verifyProfile = true;
     for (const std::u16string& profile : {longest, std::u16string(u"Büro")}) {
-        tarvex_.SetProfile(profile);
+        tarvex_.Properties().profile = profile;
         EXPECT_EQ(Resolve().back(), "Profil: OK");
     }
 }
