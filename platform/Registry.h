@@ -21,8 +21,7 @@ inline constexpr std::int32_t kNoHKey = -1;
 std::string_view CountingBytes(std::string_view storedBytes);
 
 /// Read access to the Windows registry through its ANSI interface. Nothing is ever written. Each
-/// read opens the key, reads and closes it. Failures show in
-/// the results.
+/// read opens the key, reads and closes it. Failures show in the results.
 ///
 /// 64-bit Windows gives programs of 32 bits a view of their own of HKLM\SOFTWARE and some other
 /// keys; what 64-bit programs write there is seen in the 64-bit view only.
