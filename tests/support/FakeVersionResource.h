@@ -14,6 +14,8 @@ namespace tarvex {
 struct FakeVersionFile {
     /// The thirteen 32-bit fields of the fixed record; nothing: the block has none.
     std::optional<std::array<std::uint32_t, 13>> record = std::array<std::uint32_t, 13>{};
+    /// How many bytes of the record there are.
+    std::size_t recordSize = 52;
     /// Bytes of the translation table, German and Unicode at first; nothing: there is none.
     std::optional<std::string> translation = std::string("\x07\x04\xB0\x04", 4);
     /// Texts by full name, such as u"\\StringFileInfo\\040704B0\\ProductName".
@@ -63,6 +65,7 @@ public:
                 bytes += static_cast<char>(field >> shift & 0xFFU);
             }
         }
+        bytes.resize(read_->recordSize);
         return bytes;
     }
 

@@ -90,6 +90,23 @@ TEST_F(FileVersionInfoTest, BlockWithoutFixedRecordHasItsTextsAndLanguage) {
     EXPECT_EQ(0, info.FileVersionMinor());
 }
 
+TEST_F(FileVersionInfoTest, FixedRecordIsReadOnlyWhole) {
+    for (const std::size_t size : {0U, 44U, 51U}) {
+        FakeVersionFile file = FileWith(1, 0x40004, 2, 0);
+        file.recordSize = size;
+        file.texts[u"\\StringFileInfo\\040704B0\\Comments"] = u"Größe";
+        Read(file);
+        EXPECT_TRUE(info.Available());
+        EXPECT_EQ(u"Größe", info.Comments());
+        EXPECT_EQ(u"", info.FileVersion()) << size;
+        EXPECT_EQ(u"", info.FileOS());
+    }
+    FakeVersionFile longer = FileWith(1, 0x40004, 2, 0);
+    longer.recordSize = 56;
+    Read(longer);
+    EXPECT_EQ(u"3.01.04.0015", info.FileVersion());
+}
+
 TEST_F(FileVersionInfoTest, BlockWithNothingInItIsAvailable) {
     FakeVersionFile file;
     file.record.reset();

@@ -100,6 +100,7 @@ TEST_F(QvFileDialogTest, ChosenTextsEndAtTheFirstZero) {
 
 TEST_F(QvFileDialogTest, CancelGivesEmptyTextsAndNoMessage) {
     dialogs.file = std::string("C:\\alt\0", 7);
+    dialogs.fileTitle = std::string("alt\0", 4);
     const ChosenFile chosen = dialog.GetOpenFileName(Named(u"Vorschlag.txt"));
     EXPECT_EQ(u"", chosen.path);
     EXPECT_EQ(u"", chosen.name);
