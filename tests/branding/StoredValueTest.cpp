@@ -129,7 +129,7 @@ TEST_F(StoredValueTest, CredentialOfAsciiLettersMayBeLonger) {
 TEST_F(StoredValueTest, CredentialIsNotReadableInTheFile) {
     const std::u16string stored = Make(kFieldPwd, u"geheim").stored;
     EXPECT_EQ(stored.find(u"geheim"), std::u16string::npos);
-    EXPECT_EQ(stored.find(u"#"), std::u16string::npos);
+    EXPECT_EQ(stored.find(u'#'), std::u16string::npos);
 }
 
 TEST_F(StoredValueTest, DamagedCredentialIsAnError) {

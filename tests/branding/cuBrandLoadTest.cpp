@@ -92,7 +92,7 @@ TEST_F(cuBrandLoadTest, MarksFollowEachOtherWithAnyGap) {
         FileBytes bytes(kBlock);
         bytes.Put(0, u"@#BRANDED1#@");
         const std::size_t second = 24 + 2 * 27 + gap;
-        const std::size_t third = second + 2 * 28 + gap;
+        const std::size_t third = second + std::size_t{2} * 28 + gap;
         bytes.Put(24, Mark(66, 5, u"HCID", u"12"));
         bytes.Put(second, Mark(47, 1, u"NoStartup", u"1"));
         bytes.Put(third, Mark(13, 255, u"DBPath", u"x"));
@@ -149,7 +149,7 @@ TEST_F(cuBrandLoadTest, MarkBehindADamagedOneIsNotLoaded) {
 }
 
 TEST_F(cuBrandLoadTest, LargeFileWithADamagedMarkIsReadInGoodTime) {
-    FileBytes bytes(4 * 1024 * 1024);
+    FileBytes bytes(std::size_t{4} << 20);
     bytes.Put(0, u"@#BRD#@|0x7|");
     bytes.Put(100, u"@#BRANDED1#@");
     OpenFile(bytes);

@@ -15,7 +15,7 @@ protected:
     }
 
     /// True when the bytes differ from `before` inside these ranges of 0-based offsets only.
-    bool ChangedOnlyIn(std::vector<std::pair<std::size_t, std::size_t>> ranges) const {
+    bool ChangedOnlyIn(const std::vector<std::pair<std::size_t, std::size_t>>& ranges) const {
         std::string masked = Bytes();
         std::string old = before;
         for (const auto& [offset, length] : ranges) {

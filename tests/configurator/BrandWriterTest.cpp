@@ -235,8 +235,8 @@ TEST_F(BrandWriterTest, ValuesThatBeginAndEndWithAnyCharacterComeBack) {
             const std::u16string edge =
                 world_.codec.FromAnsi(std::string(1, static_cast<char>(code)));
             const bool isCredential = fields[i]->kind == FieldKind::Credential;
-            const AcceptedValue value =
-                AcceptValue(*fields[i], edge + u"mitte" + edge, world_.codec);
+            const AcceptedValue value = AcceptValue(
+                *fields[i], std::u16string(edge).append(u"mitte").append(edge), world_.codec);
             const bool isRefused =
                 code == 0 || code == 10 || code == 13 || code == (isCredential ? 32 : 127);
             EXPECT_EQ(value.problem.empty(), !isRefused) << code << ' ' << fields[i]->number;
