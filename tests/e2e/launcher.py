@@ -12,6 +12,7 @@ import select
 import shutil
 import struct
 import subprocess
+import tempfile
 import threading
 import time
 
@@ -26,9 +27,11 @@ BOX_TEXT = (
     "Klicken Sie auf <Details>, um erweiterte Fehlerinformationen anzuzeigen."
 )
 DETAILS_HEADING = "Tarvex - Erweiterte Fehlerinformationen:"
-# Steps of the driver: a settled error box, not one seen before; a settled log window; the end.
+# Steps of the driver: a settled error box, not one seen before; a settled log window; the window of
+# help/Kunden.chm; the end.
 BOX = ("window", f"title={PROJECT}", "new=")
 LOG = ("window", f"title={LOG_WINDOW}")
+HELP = ("window", "title=Hilfe zur Kundenverwaltung")
 END = [("gone",), ("exit",)]
 GOLDEN = pathlib.Path(__file__).parent.parent / "golden"
 SECONDS_FOR_A_RUN = 90
@@ -48,6 +51,7 @@ class Programs:
         self.access = self._find(
             environment, "TARVEX_E2E_BIN", "win64/msaccess.exe" if WIN64 else "msaccess.exe"
         )
+        self.winhelp = self._find(environment, "TARVEX_E2E_BIN", "winhlp32.exe")
 
     @staticmethod
     def _find(environment, variable, name, needed=True):
@@ -66,6 +70,7 @@ class Driver:
     def __init__(self, program):
         self._program = program
         self._process = None
+        self._messages = tempfile.TemporaryFile("a+b")  # of Wine; what is started inherits it
 
     def run(self, script, report):
         """Carries out one script; both are Windows paths."""
@@ -74,14 +79,20 @@ class Driver:
                 ["wine", str(self._program), "-"],
                 stdin=subprocess.PIPE,
                 stdout=subprocess.PIPE,
-                stderr=subprocess.DEVNULL,
+                stderr=self._messages,
                 text=True,
             )
+        self._messages.truncate(0)
         print(f"{script}\t{report}", file=self._process.stdin, flush=True)
         if not select.select([self._process.stdout], [], [], SECONDS_FOR_A_RUN)[0]:
             self._process.kill()
             raise TimeoutError(f"the driver did not answer within {SECONDS_FOR_A_RUN} seconds")
         self._process.stdout.readline()
+
+    def messages(self):
+        """What Wine wrote about the programs of the last script."""
+        size = os.fstat(self._messages.fileno()).st_size
+        return os.pread(self._messages.fileno(), size, 0).decode("utf-8", "replace").splitlines()
 
     def close(self):
         if self._process is not None:
@@ -100,6 +111,13 @@ def wine(*arguments, timeout=SECONDS_FOR_A_RUN, check=True):
         timeout=timeout,
         check=check,
     )
+
+
+def wait_until(holds, seconds=30):
+    end = time.monotonic() + seconds
+    while not holds():
+        assert time.monotonic() < end, f"waited {seconds} seconds in vain"
+        time.sleep(0.005)
 
 
 def golden(name, drive="C:"):
@@ -178,14 +196,21 @@ class Window:
 
 
 class Run:
-    """The report of one run of the driver."""
+    """The report of one run of the driver, and what Wine wrote about the program meanwhile."""
 
-    def __init__(self, report):
+    def __init__(self, report, messages=()):
         self.report = report
         self.steps = report["steps"]
         self.ok = report["ok"]
         self.exit_code = report.get("exitCode")
         self.running = report.get("running")
+        self._messages = messages
+
+    @property
+    def trace(self):
+        """Wine's debug messages about the program itself, without numbers in front."""
+        prefix = f"{self.step('start')['process']:04x}:"
+        return [line.split(":", 2)[2] for line in self._messages if line.startswith(prefix)]
 
     def step(self, action, index=0):
         return [step for step in self.steps if step["action"] == action][index]
@@ -257,6 +282,11 @@ class World:
         folder.mkdir(parents=True, exist_ok=True)
         shutil.copyfile(self.programs.access, folder / "msaccess.exe")
 
+    def add_help(self):
+        """Gives the launcher a help file with the topics 1000 and 1001."""
+        file = self.unix(self.exe).with_suffix(".chm")
+        shutil.copyfile(pathlib.Path(__file__).parent / "help" / "Kunden.chm", file)
+
     def snapshot(self):
         """Every file of the drive with its bytes."""
         return {
@@ -291,8 +321,11 @@ class World:
         fields.setdefault("AccPath", self.path(r"\Office"))
         self.brand(**fields)
 
-    def drive_program(self, steps, line, application=None, environment=None, folder=""):
-        """Lets the driver start a program and carry out steps, which are tuples of texts."""
+    def drive_program(self, steps, line, application=None, environment=None, folder="", trace=""):
+        """Lets the driver start a program and carry out steps, which are tuples of texts. `trace`
+        names channels of Wine's debug messages, such as "+loaddll"."""
+        if trace:
+            environment = {"WINEDEBUG": "+pid," + trace, **(environment or {})}
         script = [("env", name, value) for name, value in (environment or {}).items()]
         script += [("folder", folder)] if folder else []
         script += [("start", self.exe if application is None else application, line), *steps]
@@ -303,7 +336,8 @@ class World:
         with self._screen(steps):
             self.programs.driver.run(windows_path(self.work / "script"), windows_path(report))
         assert report.is_file(), "the driver wrote no report"
-        return Run(json.loads(report.read_text(encoding="utf-8")))
+        messages = self.programs.driver.messages() if trace else ()
+        return Run(json.loads(report.read_text(encoding="utf-8")), messages)
 
     @contextlib.contextmanager
     def _screen(self, steps):

@@ -61,6 +61,7 @@ void Driver::Start(const Action& action) {
         throw StepFailure{u"start", SystemError(u"starting " + Argument(action, 0), error)};
     }
     json_.Member("counter", startCount_);
+    json_.Member("process", static_cast<std::int64_t>(program_.Id()));
 }
 
 void Driver::AwaitWindow(const Action& action) {
