@@ -1,6 +1,7 @@
 #include "app/Application.h"
 #include "app/Win32AppWindows_win32.h"
 #include "branding/BrandImage.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/Win32Dialogs.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32System.h"
@@ -19,6 +20,7 @@ namespace tarvex {
 namespace {
 
 void RunLauncher() {
+    RestrictDllSearch();
     const ProgramInfo program = ReadProgramInfo();
     const SystemTextCodec codec;
     const SingleByteTextCodec settingsCodec;

@@ -14,6 +14,23 @@ std::u16string SystemFolder() {
     });
 }
 
+/// Null when this system does not have it.
+template <class Signature>
+Signature* KernelFunction(const char* name) {
+    return reinterpret_cast<Signature*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name)));
+}
+
+/// Puts a folder in the place of the current one in the search for DLLs: none for an empty text,
+/// the current one again for null.
+void SetSearchedFolder(const wchar_t* folder) {
+    // Windows XP has it from its first service pack on.
+    auto* const setFolder = KernelFunction<BOOL WINAPI(LPCWSTR)>("SetDllDirectoryW");
+    if (setFolder != nullptr) {
+        setFolder(folder);
+    }
+}
+
 }  // namespace
 
 SystemLibrary::SystemLibrary(std::u16string_view name) : module_(nullptr) {
@@ -31,6 +48,20 @@ void* SystemLibrary::Address(const char* name) const {
         return nullptr;
     }
     return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(module_), name));
+}
+
+void RestrictDllSearch() {
+    constexpr DWORD kSystemFolder = 0x800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
+    // What the manifest names is found all the same: it is looked up before any folder is searched.
+    // A path with LOAD_WITH_ALTERED_SEARCH_PATH keeps its own search, too.
+    auto* const setDefault = KernelFunction<BOOL WINAPI(DWORD)>("SetDefaultDllDirectories");
+    if (setDefault == nullptr || setDefault(kSystemFolder) == FALSE) {
+        SetSearchedFolder(L"");
+    }
+}
+
+void RestoreDllSearchForChild() {
+    SetSearchedFolder(nullptr);
 }
 
 }  // namespace tarvex

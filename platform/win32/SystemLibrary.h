@@ -28,4 +28,12 @@ private:
     void* module_;
 };
 
+/// From now on, DLLs that are asked for by name alone, as the system's own DLLs ask for others on
+/// the program's behalf, come from the system folder only. Windows that cannot do that (7 without
+/// its updates, and before) leaves out the current folder only. Never raises.
+void RestrictDllSearch();
+
+/// Takes back what a program started from now on would inherit of that. Never raises.
+void RestoreDllSearchForChild();
+
 }  // namespace tarvex

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/win32/Handles.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
 
 namespace tarvex {
@@ -32,9 +33,13 @@ std::uint32_t Win32Process::StartMaximised(std::u16string_view commandLine) {
     startup.wShowWindow = SW_SHOWMAXIMIZED;
     PROCESS_INFORMATION information{};
     const QuietErrors quiet;
-    // The new program gets the default error mode, else it would inherit the quiet one.
-    if (!CreateProcessW(nullptr, Wide(line), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
-                        nullptr, nullptr, &startup, &information)) {
+    // The new program gets the system's error mode and DLL search, else it would inherit ours.
+    RestoreDllSearchForChild();
+    const BOOL started =
+        CreateProcessW(nullptr, Wide(line), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
+                       nullptr, nullptr, &startup, &information);
+    RestrictDllSearch();
+    if (started == FALSE) {
         return 0;
     }
     const UniqueProcess process(information.hProcess);

@@ -52,6 +52,7 @@ class Programs:
             environment, "TARVEX_E2E_BIN", "win64/msaccess.exe" if WIN64 else "msaccess.exe"
         )
         self.winhelp = self._find(environment, "TARVEX_E2E_BIN", "winhlp32.exe")
+        self.planted = self._find(environment, "TARVEX_E2E_BIN", "planted.dll")
 
     @staticmethod
     def _find(environment, variable, name, needed=True):

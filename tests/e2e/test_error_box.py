@@ -130,14 +130,6 @@ def test_compiled_help_is_preferred(world):
     assert world.run("", steps).windows()[1].box_text == help_failed(world)
 
 
-def test_help_library_planted_beside_the_program_is_not_loaded(world):
-    world.write(r"\Prog\hhctrl.ocx", b"planted")
-    brand_with_help(world)
-    steps = [BOX, ("press", "caption", "&Hilfe"), ("gone",), ("window", "new="), ("close",)]
-    steps += [("gone",), BOX, ("press", "caption", "&Beenden"), *END]
-    assert world.run("", steps).windows()[1].box_text == help_failed(world)
-
-
 def test_details_after_help(world):
     brand_with_help(world)
     steps = [BOX, ("press", "caption", "&Hilfe"), ("gone",), ("window", "new="), ("close",)]

@@ -99,13 +99,3 @@ def test_current_folder_does_not_matter(world):
     here = world.shown("/T", folder=world.path(r"\Office"))
     assert here == world.shown("/T", folder=world.path("\\"))
     assert f'"{world.drive}\\Prog\\Start.mdb"' in here
-
-
-# version.dll is not among them: Wine's own user32 asks for it and takes the planted one.
-@pytest.mark.parametrize("library", ["comctl32.dll", "comdlg32.ocx", "hhctrl.ocx", "uxtheme.dll"])
-def test_library_planted_beside_the_program_is_not_loaded(world, library):
-    # A file that is not a library: whoever tried to load it could not go on as usual.
-    world.write("\\Prog\\" + library, b"planted")
-    world.brand_with_access()
-    assert "\r\nProduktname = " in world.shown("/D")
-    assert world.started()["line"] == f'"{world.drive}\\Office\\msaccess.exe"'

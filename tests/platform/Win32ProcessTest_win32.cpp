@@ -1,14 +1,36 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include "platform/win32/Handles.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32System.h"
 #include "platform/win32/WindowsApi.h"
+#include "tests/support/FakeDllSearch_win32.h"
+#include "tests/support/ImportHook_win32.h"
 #include "tests/support/TestFolder.h"
 #include "text/Text.h"
 
 namespace tarvex {
 
 namespace {
+
+std::vector<UniqueProcess> startedPrograms;
+
+BOOL WINAPI RecordStart(LPCWSTR application, LPWSTR line, LPSECURITY_ATTRIBUTES process,
+                        LPSECURITY_ATTRIBUTES thread, BOOL inherit, DWORD flags, LPVOID environment,
+                        LPCWSTR folder, LPSTARTUPINFOW startup, LPPROCESS_INFORMATION information) {
+    FakeDllSearch::Calls().emplace_back("start");
+    auto* const start = reinterpret_cast<decltype(CreateProcessW)*>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "CreateProcessW")));
+    if (start(application, line, process, thread, inherit, flags, environment, folder, startup,
+              information) == FALSE) {
+        return FALSE;
+    }
+    startedPrograms.emplace_back(OpenProcess(SYNCHRONIZE, FALSE, information->dwProcessId));
+    return TRUE;
+}
 
 /// A folder with blanks, umlauts and characters outside the code page that holds the stand-in.
 class Win32ProcessTest : public testing::Test {
@@ -21,6 +43,14 @@ protected:
         wchar_t current[MAX_PATH];
         GetCurrentDirectoryW(MAX_PATH, current);
         current_ = FromWide(current);
+    }
+
+    // A program that still runs would keep its folder from being removed.
+    void TearDown() override {
+        for (const UniqueProcess& program : startedPrograms) {
+            WaitForSingleObject(program.Get(), 10000);
+        }
+        startedPrograms.clear();
     }
 
     std::u16string Program() const {
@@ -42,6 +72,8 @@ protected:
     static constexpr std::u16string_view kName = u"Büro Ω 日本";
     TestFolder folder_;
     std::u16string current_;
+    FakeDllSearch search_{{.hasDefault = false, .hasFolder = true}};
+    ImportHook start_{"CreateProcessW", RecordStart};
 };
 
 TEST_F(Win32ProcessTest, StartsTheLineUnchangedAndMaximised) {
@@ -83,6 +115,16 @@ TEST_F(Win32ProcessTest, ErrorModeOfTheProgramStays) {
     const UINT before = SetErrorMode(SEM_NOGPFAULTERRORBOX);
     Win32Process().StartMaximised(u"\"" + folder_.Path(u"fehlt.exe") + u"\"");
     EXPECT_EQ(SetErrorMode(before), UINT{SEM_NOGPFAULTERRORBOX});
+}
+
+TEST_F(Win32ProcessTest, RestrictedSearchForDllsIsNotInherited) {
+    const std::vector<std::string> expected{"folder none", "start", "folder ''"};
+    Win32Process().StartMaximised(u"\"" + Program() + u"\"");
+    EXPECT_EQ(search_.Calls(), expected);
+    // Nor is it given up for the box that tells of a failed start.
+    search_.Calls().clear();
+    EXPECT_EQ(Win32Process().StartMaximised(u"\"" + folder_.Path(u"fehlt.exe") + u"\""), 0u);
+    EXPECT_EQ(search_.Calls(), expected);
 }
 
 }  // namespace

@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32System.h"
 #include "platform/win32/WindowsApi.h"
+#include "tests/support/FakeDllSearch_win32.h"
 #include "tests/support/TestFolder.h"
 #include "text/Text.h"
 
@@ -76,22 +80,30 @@ TEST(Win32ProgramInfoTest, NamesTheRunningProgram) {
     EXPECT_FALSE(info.arguments.starts_with(u' '));
 }
 
-TEST(SystemLibraryTest, LibraryBesideTheProgramIsNotTaken) {
+std::u16string PathOf(const wchar_t* library) {
+    wchar_t path[MAX_PATH] = L"";
+    GetModuleFileNameW(GetModuleHandleW(library), path, MAX_PATH);
+    return std::u16string(FromWide(path));
+}
+
+TEST(SystemLibraryTest, LibraryOfTheSameNameElsewhereIsNotTaken) {
+    ASSERT_EQ(GetModuleHandleW(L"wtsapi32.dll"), nullptr) << "a loaded one would be taken again";
     TestFolder folder;
-    folder.MakeFile(u"version.dll", "no library");
-    wchar_t before[MAX_PATH];
-    GetCurrentDirectoryW(MAX_PATH, before);
-    SetCurrentDirectoryW(Wide(folder.Path()));
-    const SystemLibrary library(u"version.dll");
-    SetCurrentDirectoryW(before);
+    std::u16string planted = u"Z:" + text::FromUtf8(TARVEX_PLANTED);
+    planted = text::Replace(planted, u"/", u"\\");
+    ASSERT_TRUE(CopyFileW(Wide(planted), Wide(folder.Path(u"wtsapi32.dll")), TRUE));
+    // A folder that a name alone is looked for in before the system's.
+    const SystemLibrary kernel(u"kernel32.dll");
+    auto* const setFolder = kernel.Function<BOOL WINAPI(LPCWSTR)>("SetDllDirectoryW");
+    setFolder(Wide(folder.Path()));
+    const SystemLibrary library(u"wtsapi32.dll");
+    setFolder(nullptr);
     ASSERT_TRUE(library.Loaded());
-    EXPECT_NE(library.Function<decltype(GetFileVersionInfoSizeW)>("GetFileVersionInfoSizeW"),
-              nullptr);
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(GetModuleHandleW(L"version.dll"), path, MAX_PATH);
+    EXPECT_NE(library.Function<void()>("WTSFreeMemory"), nullptr);
+    EXPECT_EQ(folder.Names(), std::vector<std::u16string>{u"wtsapi32.dll"});
     wchar_t system[MAX_PATH];
     GetSystemDirectoryW(system, MAX_PATH);
-    EXPECT_TRUE(text::StartsWithIgnoreCase(FromWide(path), FromWide(system)));
+    EXPECT_TRUE(text::StartsWithIgnoreCase(PathOf(L"wtsapi32.dll"), FromWide(system)));
 }
 
 TEST(SystemLibraryTest, MissingLibraryAndMissingFunctionAreNull) {
@@ -99,6 +111,39 @@ TEST(SystemLibraryTest, MissingLibraryAndMissingFunctionAreNull) {
     EXPECT_FALSE(missing.Loaded());
     EXPECT_EQ(missing.Function<void()>("Fehlt"), nullptr);
     EXPECT_EQ(SystemLibrary(u"kernel32.dll").Function<void()>("TarvexFehlt"), nullptr);
+}
+
+using Calls = std::vector<std::string>;
+
+TEST(DllSearchTest, OnlyTheSystemFolderCounts) {
+    const FakeDllSearch search({.hasDefault = true, .hasFolder = true});
+    RestrictDllSearch();
+    EXPECT_EQ(search.Calls(), Calls{"default 2048"});  // LOAD_LIBRARY_SEARCH_SYSTEM32
+}
+
+TEST(DllSearchTest, OlderSystemLeavesOutTheCurrentFolder) {
+    const FakeDllSearch search({.hasDefault = false, .hasFolder = true});
+    RestrictDllSearch();
+    EXPECT_EQ(search.Calls(), Calls{"folder ''"});
+}
+
+TEST(DllSearchTest, SystemThatRefusesLeavesOutTheCurrentFolder) {
+    const FakeDllSearch search({.hasDefault = true, .hasFolder = true, .refuses = true});
+    RestrictDllSearch();
+    EXPECT_EQ(search.Calls(), (Calls{"default 2048", "folder ''"}));
+}
+
+TEST(DllSearchTest, ChildInheritsNoFolder) {
+    const FakeDllSearch search({.hasDefault = false, .hasFolder = true});
+    RestoreDllSearchForChild();
+    EXPECT_EQ(search.Calls(), Calls{"folder none"});
+}
+
+TEST(DllSearchTest, SystemWithNeitherFunctionIsLeftAsItIs) {
+    const FakeDllSearch search({.hasDefault = false, .hasFolder = false});
+    RestrictDllSearch();
+    RestoreDllSearchForChild();
+    EXPECT_EQ(search.Calls(), Calls{});
 }
 
 TEST(GrowingBufferTest, CallsAgainUntilTheTextFits) {
