@@ -53,6 +53,8 @@ void RunLauncher() {
 
 // The exit code is always 0: nothing that starts the launcher learns more than the user does.
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    // No box of the system's own about an empty drive or a damaged program: the launcher tells.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     try {
         tarvex::RunLauncher();
     } catch (...) {

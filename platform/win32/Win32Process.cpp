@@ -8,23 +8,6 @@
 
 namespace tarvex {
 
-namespace {
-
-/// Keeps the system from showing boxes of its own about a damaged program or a missing disk: the
-/// caller tells the user.
-class QuietErrors {
-public:
-    QuietErrors() : before_(SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX)) {}
-    QuietErrors(const QuietErrors&) = delete;
-    QuietErrors& operator=(const QuietErrors&) = delete;
-    ~QuietErrors() { SetErrorMode(before_); }
-
-private:
-    UINT before_;
-};
-
-}  // namespace
-
 std::uint32_t Win32Process::StartMaximised(std::u16string_view commandLine) {
     std::u16string line(commandLine);  // CreateProcessW writes to it
     STARTUPINFOW startup{};
@@ -32,7 +15,6 @@ std::uint32_t Win32Process::StartMaximised(std::u16string_view commandLine) {
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_SHOWMAXIMIZED;
     PROCESS_INFORMATION information{};
-    const QuietErrors quiet;
     // The new program gets the system's error mode and DLL search, else it would inherit ours.
     RestoreDllSearchForChild();
     const BOOL started =

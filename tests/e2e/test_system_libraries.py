@@ -22,6 +22,8 @@ LATER = set(
     "uxtheme comctl32 comdlg32 shell32 shcore shlwapi oleaut32 compstui winspool.drv winex11.drv"
     " hhctrl.ocx itss urlmon wininet ws2_32 mpr ieframe".split()
 )
+# The boxes that the system does not show: of missing disks and of files that cannot be opened.
+QUIET = 0x8001
 SESSION_MANAGER = r"HKLM\System\CurrentControlSet\Control\Session Manager"
 
 
@@ -152,3 +154,20 @@ class TestPlanted:
         assert run.ok, run.describe()
         assert world.path(r"\Prog\uxtheme.dll").lower() in libraries(run)
         assert self.traces(world) == {"uxtheme": ["load"]}
+
+
+class TestErrorMode:
+    def test_system_shows_no_boxes_of_its_own(self, world, shown):
+        world.write(r"\Prog\Bild.bmp", pictures.bitmap(200, 100))
+        world.brand_with_access(PicFilename="Bild.bmp", PicDelay="300")
+        steps = [("appear",), ("errormode",), ("gone",), ("exit",), ("drain",)]
+        assert world.run("", steps).step("errormode")["mode"] == QUIET
+
+    def test_it_holds_until_the_end(self, shown, world):
+        world.brand(AccPath=world.path(r"\Nirgends"))
+        steps = [BOX, ("errormode",), ("press", "caption", "&Beenden"), *END]
+        assert world.run("", steps).step("errormode")["mode"] == QUIET
+
+    def test_started_program_has_the_systems(self, world):
+        world.brand_with_access()
+        assert world.started()["errorMode"] == "0"

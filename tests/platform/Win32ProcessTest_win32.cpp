@@ -16,12 +16,14 @@ namespace tarvex {
 
 namespace {
 
+DWORD startFlags = 0;
 std::vector<UniqueProcess> startedPrograms;
 
 BOOL WINAPI RecordStart(LPCWSTR application, LPWSTR line, LPSECURITY_ATTRIBUTES process,
                         LPSECURITY_ATTRIBUTES thread, BOOL inherit, DWORD flags, LPVOID environment,
                         LPCWSTR folder, LPSTARTUPINFOW startup, LPPROCESS_INFORMATION information) {
     FakeDllSearch::Calls().emplace_back("start");
+    startFlags = flags;
     auto* const start = reinterpret_cast<decltype(CreateProcessW)*>(reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "CreateProcessW")));
     if (start(application, line, process, thread, inherit, flags, environment, folder, startup,
@@ -111,10 +113,13 @@ TEST_F(Win32ProcessTest, WhatCannotBeStartedGivesZero) {
     EXPECT_EQ(process.StartMaximised(u""), 0u);
 }
 
-TEST_F(Win32ProcessTest, ErrorModeOfTheProgramStays) {
-    const UINT before = SetErrorMode(SEM_NOGPFAULTERRORBOX);
-    Win32Process().StartMaximised(u"\"" + folder_.Path(u"fehlt.exe") + u"\"");
-    EXPECT_EQ(SetErrorMode(before), UINT{SEM_NOGPFAULTERRORBOX});
+TEST_F(Win32ProcessTest, StartedProgramHasTheDefaultErrorMode) {
+    const UINT before = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    Win32Process().StartMaximised(u"\"" + Program() + u"\"");
+    EXPECT_EQ(SetErrorMode(before), UINT{SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX});
+    EXPECT_NE(Record().find("\r\nerrorMode=0\r\n"), std::string::npos) << Record();
+    // Wine gives every program the default one, whether it is asked to or not.
+    EXPECT_EQ(startFlags, DWORD{CREATE_DEFAULT_ERROR_MODE});
 }
 
 TEST_F(Win32ProcessTest, RestrictedSearchForDllsIsNotInherited) {

@@ -254,6 +254,14 @@ void Driver::ReadProcesses(const Action&) {
     json_.Member("handles", static_cast<std::int64_t>(program_.Handles()));
 }
 
+void Driver::ReadErrorMode(const Action&) {
+    const auto mode = program_.ErrorMode(limitMs_);
+    if (!mode) {
+        throw StepFailure{u"refused", u"the program's error mode could not be read"};
+    }
+    json_.Member("mode", static_cast<std::int64_t>(*mode));
+}
+
 void Driver::Signal(const Action& action) {
     const HANDLE file = CreateFileW(Wide(Argument(action, 0)), GENERIC_WRITE, 0, nullptr,
                                     CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -298,6 +306,7 @@ Driver::Handler Driver::HandlerOf(const std::u16string& verb) {
         {u"edit", &Driver::ReadEdit},
         {u"foreground", &Driver::ReadForeground},
         {u"processes", &Driver::ReadProcesses},
+        {u"errormode", &Driver::ReadErrorMode},
         {u"signal", &Driver::Signal},
         {u"await", &Driver::AwaitFile},
     };

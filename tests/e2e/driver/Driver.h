@@ -58,6 +58,7 @@ private:
     void ReadEdit(const Action& action);
     void ReadForeground(const Action& action);
     void ReadProcesses(const Action& action);
+    void ReadErrorMode(const Action& action);
     void Signal(const Action& action);
     void AwaitFile(const Action& action);
 

@@ -33,6 +33,9 @@ public:
     /// How many processes run that it started, and itself.
     std::uint32_t RunningProcesses() const;
 
+    /// The error mode that it has set; nothing when it does not answer within that time.
+    std::optional<std::uint32_t> ErrorMode(std::uint32_t milliseconds) const;
+
     /// Handles that it has open; 0 when the system does not tell.
     std::uint32_t Handles() const;
 

@@ -67,6 +67,30 @@ std::uint32_t StartedProgram::RunningProcesses() const {
     return accounting.ActiveProcesses;
 }
 
+std::optional<std::uint32_t> StartedProgram::ErrorMode(std::uint32_t milliseconds) const {
+    // Only a process itself can ask. kernel32.dll has the same address in all of them, and setting
+    // the mode, which gives the one before, takes one number, as the function of a thread does.
+    const auto ask = [this, milliseconds](DWORD mode) {
+        const HANDLE thread = CreateRemoteThread(
+            process_, nullptr, 0,
+            reinterpret_cast<LPTHREAD_START_ROUTINE>(reinterpret_cast<void*>(SetErrorMode)),
+            reinterpret_cast<void*>(static_cast<std::uintptr_t>(mode)), 0, nullptr);
+        std::optional<std::uint32_t> answer;
+        DWORD before = 0;
+        if (WaitForSingleObject(thread, milliseconds) == WAIT_OBJECT_0 &&
+            GetExitCodeThread(thread, &before) != FALSE) {
+            answer = before;
+        }
+        CloseHandle(thread);
+        return answer;
+    };
+    const auto mode = ask(0);
+    if (mode) {
+        ask(*mode);
+    }
+    return mode;
+}
+
 std::uint32_t StartedProgram::Handles() const {
     DWORD count = 0;
     GetProcessHandleCount(process_, &count);

@@ -10,6 +10,7 @@
 //   dir=       current folder
 //   ticks=     the system's performance counter at the first instruction
 //   bits=      32 or 64, what the stand-in was compiled for
+//   errorMode= which boxes the system does not show for the program (0: it shows all)
 // STUB_STAY_MS keeps the program running for that many milliseconds afterwards.
 
 #include <string>
@@ -68,6 +69,7 @@ std::string Record(int show, const LARGE_INTEGER& ticks) {
     add("dir", text::ToUtf8(CurrentFolder()));
     add("ticks", std::to_string(ticks.QuadPart));
     add("bits", std::to_string(8 * sizeof(void*)));
+    add("errorMode", std::to_string(SetErrorMode(0)));
     return record.append("\r\n");
 }
 
