@@ -3,6 +3,7 @@
 #include "app/frmDebug.h"
 #include "app/frmStart.h"
 #include "errors/RaisedError.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WindowsApi.h"
 #include "resources/Messages.h"
 
@@ -36,6 +37,7 @@ Win32AppWindows::Win32AppWindows(cuAppError& error, Ui& ui, FileSystem& files,
 void Win32AppWindows::ShowLastResort() {
     wchar_t text[100] = {};
     LoadStringW(GetModuleHandleW(nullptr), static_cast<UINT>(Message::LastResort), text, 100);
+    PrepareCommonControls();
     MessageBoxW(nullptr, text, reinterpret_cast<const wchar_t*>(kAppTitle.data()), MB_ICONSTOP);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/win32/Dpi.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/ModalWindow.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
 #include "resources/ResourceIds.h"
 #include "text/Text.h"
@@ -72,6 +73,7 @@ public:
     }
 
     void ShowModal() {
+        PrepareCommonControls();
         const HINSTANCE program = GetModuleHandleW(nullptr);
         const RECT area = WorkAreaAtPointer();
         const HMENU menu = LoadMenuW(program, MAKEINTRESOURCEW(IDR_DEBUG));

@@ -36,4 +36,9 @@ void RestrictDllSearch();
 /// Takes back what a program started from now on would inherit of that. Never raises.
 void RestoreDllSearchForChild();
 
+/// Makes the common controls ready that the program's manifest asks for. On Windows XP a program
+/// with such a manifest shows neither message boxes nor controls before this was called. It takes
+/// too long for a start that shows nothing. Can be called again; never raises.
+void PrepareCommonControls();
+
 }  // namespace tarvex

@@ -5,6 +5,7 @@
 
 #include "platform/ButtonRow.h"
 #include "platform/win32/Handles.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
@@ -128,6 +129,7 @@ void Win32CaptionBoxApi::FitButtons(WindowHandle dialog, const std::vector<int>&
 
 int Win32CaptionBoxApi::ShowMessageBox(WindowHandle owner, std::u16string_view text,
                                        std::u16string_view title, std::uint32_t style) {
+    PrepareCommonControls();
     return MessageBoxA(static_cast<HWND>(owner), ToNearestAnsi(text).c_str(),
                        ToNearestAnsi(title).c_str(), style);
 }

@@ -1,5 +1,6 @@
 #include "platform/win32/Win32Dialogs.h"
 
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
@@ -53,6 +54,7 @@ void Win32Ui::SetPointerBusy() {
 }
 
 int Win32Ui::ShowMessageBox(const MessageBoxRequest& request) {
+    PrepareCommonControls();
     if ((request.style & MB_HELP) != 0) {
         return ShowBoxWithHelp(request);
     }

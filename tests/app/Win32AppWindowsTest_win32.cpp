@@ -36,7 +36,15 @@ public:
     int calls = 0;
 };
 
+std::vector<std::u16string> loadedLibraries;
+
+HMODULE WINAPI RecordLibrary(const wchar_t* name) {
+    loadedLibraries.emplace_back(FromWide(name));
+    return nullptr;
+}
+
 struct ShownBox {
+    std::vector<std::u16string> librariesBefore;
     HWND owner;
     std::u16string text;
     std::u16string title;
@@ -46,8 +54,8 @@ struct ShownBox {
 std::vector<ShownBox> shownBoxes;
 
 int WINAPI RecordBox(HWND owner, const wchar_t* text, const wchar_t* title, UINT style) {
-    shownBoxes.push_back(
-        {owner, std::u16string(FromWide(text)), std::u16string(FromWide(title)), style});
+    shownBoxes.push_back({loadedLibraries, owner, std::u16string(FromWide(text)),
+                          std::u16string(FromWide(title)), style});
     return IDOK;
 }
 
@@ -69,9 +77,12 @@ protected:
 
 TEST_F(Win32AppWindowsTest, LastResortIsAWideBoxWithTheMessageAndTheTitle) {
     shownBoxes.clear();
+    loadedLibraries.clear();
     const ImportHook hook("MessageBoxW", RecordBox);
+    const ImportHook load("LoadLibraryW", RecordLibrary);
     Win32AppWindows::ShowLastResort();
     ASSERT_EQ(shownBoxes.size(), 1u);
+    EXPECT_EQ(shownBoxes[0].librariesBefore, std::vector<std::u16string>{u"comctl32.dll"});
     EXPECT_EQ(shownBoxes[0].owner, nullptr);
     EXPECT_EQ(shownBoxes[0].text, u"Das Startprogramm kann nicht ausgeführt werden.");
     EXPECT_EQ(shownBoxes[0].title, u"Tarvex");

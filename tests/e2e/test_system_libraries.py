@@ -156,6 +156,27 @@ class TestPlanted:
         assert self.traces(world) == {"uxtheme": ["load"]}
 
 
+class TestCommonControls:
+    @pytest.mark.parametrize("way", ["nothing", "picture"])
+    def test_are_not_loaded_for_a_start_without_them(self, shown, way):
+        loaded = libraries(shown(way, trace="+loaddll"))
+        assert "user32" in map(name, loaded)
+        assert "comctl32" not in map(name, loaded)
+
+    @pytest.mark.parametrize("way", ["box and help", "message", "report and dialog"])
+    def test_are_ready_before_the_first_box_or_control(self, shown, way):
+        run = shown(way, trace="+loaddll,+commctrl,+dialog,+edit")
+        # The version that the manifest asks for does not lie in the system folder.
+        (loaded,) = [path for path in libraries(run) if name(path) == "comctl32"]
+        assert "\\winsxs\\x86_microsoft.windows.common-controls_" in loaded
+
+        def first(*pieces):
+            return next(i for i, line in enumerate(run.trace) if any(p in line for p in pieces))
+
+        prepared = first("InitCommonControlsEx 0x4000")  # the classes of boxes and controls
+        assert first("comctl32.dll") < prepared < first("trace:dialog:", "trace:edit:")
+
+
 class TestErrorMode:
     def test_system_shows_no_boxes_of_its_own(self, world, shown):
         world.write(r"\Prog\Bild.bmp", pictures.bitmap(200, 100))
