@@ -17,6 +17,14 @@ struct DebugWindow {
     std::int32_t helpContext = 0;  ///< 0: none
 };
 
+/// A start picture to show.
+struct PictureWindow {
+    std::u16string caption;         ///< not on the window, which has no frame, but in the taskbar
+    std::u16string path;            ///< the picture's file
+    std::int32_t milliseconds = 0;  ///< how long it shows
+    std::int32_t helpContext = 0;   ///< 0: none
+};
+
 /// An error box with captions of the program's own.
 struct CaptionBox {
     std::u16string text;
@@ -33,9 +41,9 @@ public:
 
     virtual void ShowDebug(const DebugWindow& window) = 0;
 
-    /// Shows the picture for that many milliseconds. Nothing is shown when it cannot be loaded.
-    virtual void ShowPicture(std::u16string_view path, std::int32_t milliseconds,
-                             std::int32_t helpContext) = 0;
+    /// Shows the picture; false when it cannot be loaded. After a picture the program keeps the
+    /// foreground as long as this object lives or until it shows another window.
+    virtual bool ShowPicture(const PictureWindow& window) = 0;
 
     /// Returns the number of the button pressed, 1 to 3; a box that could not be shown gives 1.
     virtual int ShowCaptionBox(const CaptionBox& box) = 0;

@@ -8,6 +8,13 @@
 
 namespace tarvex {
 
+namespace {
+
+constexpr std::uint32_t kForegroundLimit = 5000;  // milliseconds
+constexpr std::uint32_t kForegroundTurn = 20;
+
+}  // namespace
+
 Application::Application(const ApplicationParts& parts)
     : parts_(parts),
       settings_(parts.constants, parts.appError, parts.environment),
@@ -90,11 +97,26 @@ void Application::LaunchAccess() {
         ShowTestResult();
         return;
     }
-    if (parts_.process.StartMaximised(tarvex_->CommandLine()) == 0) {
+    const std::uint32_t access = parts_.process.StartMaximised(tarvex_->CommandLine());
+    if (access == 0) {
         Error().RaiseMessage(Message::StartFailed, tarvex_->CommandLine());
     }
+    const bool handedOn = parts_.process.AllowForeground(access);
     if (writeLog_) {
         parts_.log.Append(tarvex_->CommandLineHiddenUserPW());
+    }
+    if (handedOn && pictureShown_) {
+        AwaitForeground();
+    }
+}
+
+// After the picture the foreground is still the launcher's. If the launcher ended now, another
+// program would come to the front until Access has a window, and that window might open behind it.
+void Application::AwaitForeground() {
+    const std::uint32_t start = parts_.clock.Milliseconds();
+    while (!parts_.process.OtherInForeground() &&
+           parts_.clock.Milliseconds() - start < kForegroundLimit &&
+           !parts_.process.HandleMessages(kForegroundTurn)) {
     }
 }
 
@@ -136,7 +158,8 @@ void Application::ShowStartupPicture() {
         return;
     }
     parts_.environment.ui.SetPointerDefault();
-    parts_.windows.ShowPicture(picture_.Path(), picture_.Delay(), helpContext_.value_or(0));
+    pictureShown_ = parts_.windows.ShowPicture(
+        {Error().AppName(), picture_.Path(), picture_.Delay(), helpContext_.value_or(0)});
     parts_.environment.ui.SetPointerBusy();
 }
 

@@ -15,6 +15,7 @@
 #include "errors/cuAppError.h"
 #include "launch/LaunchEnvironment.h"
 #include "launch/cuTarvex.h"
+#include "platform/Clock.h"
 #include "platform/Process.h"
 #include "platform/VersionResource.h"
 
@@ -27,6 +28,7 @@ struct ApplicationParts {
     const BrandConstants& constants;
     AppWindows& windows;
     Process& process;
+    const Clock& clock;
     LogFile& log;
     const VersionResource& versions;
 };
@@ -58,6 +60,7 @@ private:
     void InitHelp();
     void ShowDiagnosticInformation();
     void LaunchAccess();
+    void AwaitForeground();
     void ShowTestResult();
     std::u16string ErrorReport(const RaisedError& error) const;
     std::u16string FieldOrEmpty(int field) const noexcept;
@@ -69,6 +72,7 @@ private:
     std::unique_ptr<cuTarvex> tarvex_;
     LaunchSwitches switches_;
     bool writeLog_ = false;
+    bool pictureShown_ = false;
     std::optional<std::int32_t> helpContext_;
 };
 

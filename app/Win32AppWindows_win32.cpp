@@ -48,12 +48,13 @@ void Win32AppWindows::ShowDebug(const DebugWindow& window) {
     });
 }
 
-void Win32AppWindows::ShowPicture(std::u16string_view path, std::int32_t milliseconds,
-                                  std::int32_t helpContext) {
+bool Win32AppWindows::ShowPicture(const PictureWindow& window) {
+    bool shown = false;
     ShowWithoutRaising([&] {
-        frmStart::ShowModal(
-            path, milliseconds, helpContext, [&] { ShowProgramHelp(helpContext); }, ui_);
+        shown = frmStart::ShowModal(
+            window, [&] { ShowProgramHelp(window.helpContext); }, ui_, anchor_);
     });
+    return shown;
 }
 
 int Win32AppWindows::ShowCaptionBox(const CaptionBox& box) {

@@ -6,6 +6,7 @@
 #include "errors/muCoolBox.h"
 #include "platform/FileSystem.h"
 #include "platform/Ui.h"
+#include "platform/win32/ForegroundAnchor.h"
 #include "platform/win32/Win32Dialogs.h"
 #include "text/TextCodec.h"
 
@@ -22,8 +23,7 @@ public:
     static void ShowLastResort();
 
     void ShowDebug(const DebugWindow& window) override;
-    void ShowPicture(std::u16string_view path, std::int32_t milliseconds,
-                     std::int32_t helpContext) override;
+    bool ShowPicture(const PictureWindow& window) override;
     int ShowCaptionBox(const CaptionBox& box) override;
     void ShowHelp(std::u16string_view helpFile, std::int32_t context) override;
 
@@ -34,6 +34,7 @@ private:
     Ui& ui_;
     FileSystem& files_;
     const TextCodec& ansi_;
+    ForegroundAnchor anchor_;
     Win32CommonDialogs dialogs_;
     Win32CaptionBoxApi boxApi_;
     Win32HelpApi helpApi_;

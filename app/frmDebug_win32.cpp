@@ -78,8 +78,8 @@ public:
         const RECT area = WorkAreaAtPointer();
         const HMENU menu = LoadMenuW(program, MAKEINTRESOURCEW(IDR_DEBUG));
         // First as large as its screen: only there can its parts be measured as they will show.
-        if (Create({L"frmDebug", content_.caption, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, area,
-                    menu})) {
+        if (Create({L"frmDebug", Wide(content_.caption), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                    area, menu})) {
             SetBounds(Centred(StartSize(area), area));
             RunUntilClosed(LoadAcceleratorsW(program, MAKEINTRESOURCEW(IDR_DEBUG)));
             return;

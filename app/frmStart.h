@@ -1,12 +1,13 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
-#include <string_view>
 
+#include "app/AppWindows.h"
 #include "platform/Ui.h"
 
 namespace tarvex {
+
+class ForegroundAnchor;
 
 /// The start picture: a window without border that shows a picture for some time.
 class frmStart {
@@ -14,12 +15,13 @@ public:
     /// What F1 does in the window.
     using Help = std::function<void()>;
 
-    /// Shows the picture and returns when the time (in milliseconds, from the moment it shows) is
-    /// up or the user has closed the window. Clicking the picture does not close it. Returns at
-    /// once when the picture cannot be loaded or the time is not positive. The mouse pointer is the
-    /// default one afterwards, if the window was shown. `helpContext` 0: none.
-    static void ShowModal(std::u16string_view path, std::int32_t milliseconds,
-                          std::int32_t helpContext, const Help& help, Ui& ui);
+    /// Shows the picture and returns when the time (from the moment it shows) is up or the user has
+    /// closed the window. Clicking the picture does not close it. Returns false at once when the
+    /// picture cannot be loaded or the time is not positive. After a window that was shown the
+    /// mouse pointer is the default one, and `anchor`, which shows nothing before, keeps the
+    /// foreground.
+    static bool ShowModal(const PictureWindow& content, const Help& help, Ui& ui,
+                          ForegroundAnchor& anchor);
 };
 
 }  // namespace tarvex

@@ -1,8 +1,9 @@
 #include "app/frmStart.h"
 
-#include "errors/RaisedError.h"
+#include "platform/win32/ForegroundAnchor.h"
 #include "platform/win32/ModalWindow.h"
 #include "platform/win32/PictureBitmap.h"
+#include "platform/win32/WideText.h"
 
 namespace tarvex {
 
@@ -12,28 +13,35 @@ constexpr UINT_PTR kTimer1 = 1;
 
 class StartForm : public ModalWindow {
 public:
-    StartForm(PictureBitmap picture, std::int32_t milliseconds, const frmStart::Help& help)
-        : picture_(std::move(picture)), milliseconds_(milliseconds), help_(help) {}
+    StartForm(const PictureWindow& content, PictureBitmap picture, const frmStart::Help& help,
+              ForegroundAnchor& anchor)
+        : content_(content), picture_(std::move(picture)), help_(help), anchor_(anchor) {}
 
-    bool ShowModal(std::int32_t helpContext) {
-        if (!Create({L"frmStart", std::u16string(kAppTitle), WS_POPUP,
-                     Centred(picture_.size, WorkAreaAtPointer())})) {
+    bool ShowModal() {
+        const RECT bounds = Centred(picture_.size, WorkAreaAtPointer());
+        anchor_.Show({bounds.left, bounds.top});
+        // Without this style the taskbar would leave out a window that has an owner.
+        if (!Create({L"frmStart", Wide(content_.caption), WS_POPUP, bounds, nullptr,
+                     anchor_.Window(), WS_EX_APPWINDOW})) {
             return false;
         }
-        SetWindowContextHelpId(Window(), static_cast<DWORD>(helpContext));
+        SetWindowContextHelpId(Window(), static_cast<DWORD>(content_.helpContext));
         RunUntilClosed();
         return true;
     }
 
 protected:
     void OnShown() override {
-        SetTimer(Window(), kTimer1, static_cast<UINT>(milliseconds_), nullptr);
+        SetTimer(Window(), kTimer1, static_cast<UINT>(content_.milliseconds), nullptr);
     }
 
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override {
         switch (message) {
             case WM_TIMER:
+            case WM_CLOSE:
                 KillTimer(Window(), kTimer1);
+                // First, or another program would come to the front when the window goes.
+                SetForegroundWindow(anchor_.Window());
                 Close();
                 return 0;
             case WM_ERASEBKGND:
@@ -61,25 +69,25 @@ private:
         EndPaint(Window(), &paint);
     }
 
+    const PictureWindow& content_;
     PictureBitmap picture_;
-    std::int32_t milliseconds_;
     const frmStart::Help& help_;
+    ForegroundAnchor& anchor_;
 };
 
 }  // namespace
 
-void frmStart::ShowModal(std::u16string_view path, std::int32_t milliseconds,
-                         std::int32_t helpContext, const Help& help, Ui& ui) {
-    if (milliseconds <= 0) {
-        return;
+bool frmStart::ShowModal(const PictureWindow& content, const Help& help, Ui& ui,
+                         ForegroundAnchor& anchor) {
+    if (content.milliseconds <= 0) {
+        return false;
     }
-    PictureBitmap picture = LoadPictureBitmap(path);
-    if (!picture.bitmap) {
-        return;
+    PictureBitmap picture = LoadPictureBitmap(content.path);
+    if (!picture.bitmap || !StartForm(content, std::move(picture), help, anchor).ShowModal()) {
+        return false;
     }
-    if (StartForm(std::move(picture), milliseconds, help).ShowModal(helpContext)) {
-        ui.SetPointerDefault();
-    }
+    ui.SetPointerDefault();
+    return true;
 }
 
 }  // namespace tarvex

@@ -42,7 +42,8 @@ void RunLauncher() {
             windows.ShowHelp(file, context);
         });
         const LaunchEnvironment environment{registry, files, codec, settingsCodec, ui, program};
-        Application application({environment, appError, image, windows, process, log, versions});
+        Application application(
+            {environment, appError, image, windows, process, clock, log, versions});
         application.Init();
     }
     ui.SetPointerDefault();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/win32/WideText.h"
 #include "resources/ResourceIds.h"
 
 namespace tarvex {
@@ -26,9 +25,9 @@ bool ModalWindow::Create(const Layout& layout) {
     // A second window of the same class finds it registered.
     RegisterClassExW(&description);
     const RECT& bounds = layout.bounds;
-    CreateWindowExW(0, layout.className, Wide(layout.title), layout.style, bounds.left, bounds.top,
-                    bounds.right - bounds.left, bounds.bottom - bounds.top, nullptr, layout.menu,
-                    program, this);
+    CreateWindowExW(layout.extendedStyle, layout.className, layout.title, layout.style, bounds.left,
+                    bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top,
+                    layout.owner, layout.menu, program, this);
     return window_ != nullptr;
 }
 
@@ -94,13 +93,17 @@ LRESULT ModalWindow::OnMessageGuarded(UINT message, WPARAM first, LPARAM second)
 }
 
 // Windows may refuse the foreground to a program that the user did not start himself, and would
-// leave the window behind others. Being topmost for a moment brings it up in any case.
+// leave the window behind others. Being topmost for a moment brings it up in any case. A window
+// above one that shows already comes up without that, and might stay topmost.
 void ModalWindow::ShowInFront() {
     constexpr UINT kInPlace = SWP_NOMOVE | SWP_NOSIZE;
-    SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, kInPlace | SWP_SHOWWINDOW);
+    const bool raise = IsWindowVisible(GetWindow(window_, GW_OWNER)) == FALSE;
+    SetWindowPos(window_, raise ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0, kInPlace | SWP_SHOWWINDOW);
     UpdateWindow(window_);
     OnShown();
-    SetWindowPos(window_, HWND_NOTOPMOST, 0, 0, 0, 0, kInPlace);
+    if (raise) {
+        SetWindowPos(window_, HWND_NOTOPMOST, 0, 0, 0, 0, kInPlace);
+    }
     SetForegroundWindow(window_);
 }
 

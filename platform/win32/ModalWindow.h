@@ -1,7 +1,6 @@
 #pragma once
 
 #include <exception>
-#include <string>
 
 #include "platform/win32/WindowsApi.h"
 
@@ -17,10 +16,12 @@ public:
 protected:
     struct Layout {
         const wchar_t* className;
-        std::u16string title;
+        const wchar_t* title;
         DWORD style;
         RECT bounds;           ///< outer bounds on the screen
         HMENU menu = nullptr;  ///< the window becomes its owner
+        HWND owner = nullptr;
+        DWORD extendedStyle = 0;
     };
 
     ModalWindow() = default;
@@ -35,6 +36,9 @@ protected:
     /// message handler raised: the window closes then.
     void RunUntilClosed(HACCEL accelerators = nullptr);
 
+    /// The first step of RunUntilClosed.
+    void ShowInFront();
+
     void Close();
 
     /// Called once when the user sees the window.
@@ -46,7 +50,6 @@ protected:
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT OnMessageGuarded(UINT message, WPARAM first, LPARAM second);
-    void ShowInFront();
 
     HWND window_ = nullptr;
     std::exception_ptr failure_;

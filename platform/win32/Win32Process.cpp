@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "platform/win32/Handles.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
 
@@ -24,12 +23,29 @@ std::uint32_t Win32Process::StartMaximised(std::u16string_view commandLine) {
     if (started == FALSE) {
         return 0;
     }
-    const UniqueProcess process(information.hProcess);
+    started_ = UniqueProcess(information.hProcess);
     const UniqueProcess thread(information.hThread);
-    // Only the program with the focus may hand it on; without this the window may open behind
-    // others.
-    AllowSetForegroundWindow(information.dwProcessId);
     return information.dwProcessId;
+}
+
+bool Win32Process::AllowForeground(std::uint32_t processId) {
+    return AllowSetForegroundWindow(processId) != FALSE;
+}
+
+bool Win32Process::OtherInForeground() const {
+    DWORD owner = 0;
+    return GetWindowThreadProcessId(GetForegroundWindow(), &owner) != 0 &&
+           owner != GetCurrentProcessId();
+}
+
+bool Win32Process::HandleMessages(std::uint32_t milliseconds) {
+    const HANDLE process = started_.Get();
+    const DWORD woken = MsgWaitForMultipleObjects(1, &process, FALSE, milliseconds, QS_ALLINPUT);
+    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;) {
+        DispatchMessageW(&message);
+    }
+    // A wait that fails must not become one without pauses.
+    return woken != WAIT_TIMEOUT && woken != WAIT_OBJECT_0 + 1;
 }
 
 }  // namespace tarvex

@@ -28,6 +28,10 @@ std::u16string Win32Clock::GeneralDateTime() const {
     return Format(GetDateFormatW, DATE_SHORTDATE, now) + u" " + Format(GetTimeFormatW, 0, now);
 }
 
+std::uint32_t Win32Clock::Milliseconds() const {
+    return GetTickCount();
+}
+
 std::u16string Win32StringTable::Load(std::int32_t id) const {
     if (id < 0 || id > UINT16_MAX) {
         return {};  // Windows would take the lower 16 bits

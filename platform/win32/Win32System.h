@@ -6,14 +6,17 @@
 #include "platform/Registry.h"
 #include "platform/StringTable.h"
 #include "platform/VersionResource.h"
+#include "platform/win32/Handles.h"
 #include "text/TextCodec.h"
 
 namespace tarvex {
 
-/// The local time in the formats of the user's regional settings.
+/// The local time in the formats of the user's regional settings, and the time since Windows
+/// started.
 class Win32Clock : public Clock {
 public:
     std::u16string GeneralDateTime() const override;
+    std::uint32_t Milliseconds() const override;
 };
 
 /// The string table in the resources of the running program.
@@ -29,6 +32,12 @@ ProgramInfo ReadProgramInfo();
 class Win32Process : public Process {
 public:
     std::uint32_t StartMaximised(std::u16string_view commandLine) override;
+    bool AllowForeground(std::uint32_t processId) override;
+    bool OtherInForeground() const override;
+    bool HandleMessages(std::uint32_t milliseconds) override;
+
+private:
+    UniqueProcess started_;
 };
 
 /// The registry of Windows. Names pass its ANSI interface in the code page of `ansi`, which

@@ -140,6 +140,20 @@ TEST_F(ApplicationErrorsTest, HelpShowsTheBoxAgainUntilAnotherAnswer) {
     EXPECT_EQ(windows.helpCalls.front().context, 1000);
 }
 
+TEST_F(ApplicationErrorsTest, PointerIsTheDefaultOneInEveryWindow) {
+    files.AddFile(u"C:\\Prog\\Start.chm");
+    windows.answers = {3, 2};
+    std::vector<bool> pointers;
+    windows.whileShown = [&] {
+        pointers.push_back(ui.pointerDefault);
+        ui.pointerDefault = false;  // as help may leave it
+    };
+    ui.pointerDefault = false;
+    Launch(With(Missing(), {{kFieldHCID, u"1000"}}));
+    EXPECT_EQ(windows.events, (std::vector<std::string>{"box", "help", "box", "debug"}));
+    EXPECT_EQ(pointers, (std::vector<bool>{true, true, true}));
+}
+
 TEST_F(ApplicationErrorsTest, BoxClosedOtherwiseWithoutHelpEndsTheLaunch) {
     windows.answers = {3};
     Launch(Missing());

@@ -1,12 +1,22 @@
 #include "app/Application.h"
 
+#include <algorithm>
+
 #include "branding/BrandFields.h"
 #include "tests/app/LauncherFixture.h"
 
 namespace tarvex {
 namespace {
 
-class ApplicationTest : public LauncherFixture {};
+class ApplicationTest : public LauncherFixture {
+protected:
+    /// Runs a launch that shows a picture, with these settings beside the usual ones.
+    void LaunchWithPicture(const Values& more) {
+        files.AddFile(u"C:\\Prog\\Bild.bmp");
+        Launch(With(With(Kunden(), {{kFieldPicFilename, u"Bild.bmp"}, {kFieldPicDelay, u"300"}}),
+                    more));
+    }
+};
 
 constexpr std::u16string_view kRealLine =
     u"\"C:\\Office\\msaccess.exe\" \"C:\\Prog\\Daten\\Kunden.mdb\" /Runtime /user \"Meier\" "
@@ -146,6 +156,102 @@ TEST_F(ApplicationTest, PictureCarriesTheHelpTopic) {
              {{kFieldPicFilename, u"Bild.bmp"}, {kFieldPicDelay, u"300"}, {kFieldHCID, u"1000"}}));
     ASSERT_EQ(windows.pictures.size(), 1u);
     EXPECT_EQ(windows.pictures.front().helpContext, 1000);
+}
+
+TEST_F(ApplicationTest, PictureCarriesTheConfiguredNameOfTheApplication) {
+    LaunchWithPicture({});
+    LaunchWithPicture({{kFieldAppName, u"Kundenverwaltung Grün"}});
+    ASSERT_EQ(windows.pictures.size(), 2u);
+    EXPECT_EQ(windows.pictures[0].caption, u"Tarvex");
+    EXPECT_EQ(windows.pictures[1].caption, u"Kundenverwaltung Grün");
+}
+
+TEST_F(ApplicationTest, ForegroundIsHandedOnToTheStartedProcess) {
+    process.result = 12;
+    process.onStart = [&] { EXPECT_TRUE(process.calls.empty()); };
+    Launch(Kunden());
+    EXPECT_EQ(process.calls, std::vector<std::string>{"allow 12"});
+}
+
+TEST_F(ApplicationTest, ForegroundIsNotHandedOnWhenNothingWasStarted) {
+    process.result = 0;
+    LaunchWithPicture({});
+    EXPECT_TRUE(process.calls.empty());
+}
+
+TEST_F(ApplicationTest, WaitsAfterAPictureUntilAnotherProgramIsInFront) {
+    process.ended = false;
+    process.onWait = [&](std::uint32_t milliseconds) {
+        clock.milliseconds += milliseconds;
+        process.otherInForeground = clock.milliseconds == 40;
+    };
+    LaunchWithPicture({});
+    EXPECT_EQ(process.calls, (std::vector<std::string>{"allow 4711", "foreground", "wait 20",
+                                                       "foreground", "wait 20", "foreground"}));
+}
+
+TEST_F(ApplicationTest, DoesNotWaitWhenAnotherProgramIsInFrontAlready) {
+    process.otherInForeground = true;
+    LaunchWithPicture({});
+    EXPECT_EQ(process.calls, (std::vector<std::string>{"allow 4711", "foreground"}));
+}
+
+TEST_F(ApplicationTest, WaitEndsWithTheStartedProgram) {
+    LaunchWithPicture({});
+    EXPECT_EQ(process.calls, (std::vector<std::string>{"allow 4711", "foreground", "wait 20"}));
+}
+
+TEST_F(ApplicationTest, WaitEndsAfterFiveSeconds) {
+    // The clock starts again at 0 meanwhile.
+    for (const std::uint32_t start : {1000u, 0xFFFFFF00u}) {
+        clock.milliseconds = start;
+        process.calls.clear();
+        process.ended = false;
+        process.onWait = [&](std::uint32_t) { clock.milliseconds += 1000; };
+        LaunchWithPicture({});
+        EXPECT_EQ(std::count(process.calls.begin(), process.calls.end(), "wait 20"), 5);
+    }
+}
+
+TEST_F(ApplicationTest, DoesNotWaitWhenTheForegroundCannotBeHandedOn) {
+    process.mayAllow = false;
+    LaunchWithPicture({});
+    EXPECT_EQ(process.calls, std::vector<std::string>{"allow 4711"});
+}
+
+TEST_F(ApplicationTest, DoesNotWaitWhenThePictureCouldNotBeShown) {
+    windows.showsPictures = false;
+    LaunchWithPicture({});
+    EXPECT_EQ(windows.events, std::vector<std::string>{"picture"});
+    EXPECT_EQ(process.calls, std::vector<std::string>{"allow 4711"});
+}
+
+TEST_F(ApplicationTest, EntryOfTheLogIsWrittenBeforeTheWait) {
+    int entries = 0;
+    process.onWait = [&](std::uint32_t) { entries += files.Bytes(u"C:\\Prog\\Start.log") ? 1 : 0; };
+    LaunchWithPicture({{kFieldLog, u"1"}});
+    EXPECT_EQ(entries, 1);
+}
+
+TEST_F(ApplicationTest, PointerIsTheDefaultOneInThePictureAndBusyAfterIt) {
+    ui.pointerDefault = false;
+    std::vector<bool> pointers;
+    windows.whileShown = [&] { pointers.push_back(ui.pointerDefault); };
+    process.onStart = windows.whileShown;
+    LaunchWithPicture({});
+    EXPECT_EQ(pointers, (std::vector<bool>{true, false}));
+}
+
+TEST_F(ApplicationTest, PointerIsTheDefaultOneInTheLogWindow) {
+    bool pointerDefault = false;
+    windows.whileShown = [&] { pointerDefault = ui.pointerDefault; };
+    for (const std::u16string arguments : {u"/T", u"/D"}) {
+        ui.pointerDefault = false;
+        Launch(Kunden(), arguments);
+        EXPECT_TRUE(pointerDefault);
+        EXPECT_FALSE(ui.pointerDefault);
+        pointerDefault = false;
+    }
 }
 
 TEST_F(ApplicationTest, InfoModeShowsTheReportAndNothingElse) {

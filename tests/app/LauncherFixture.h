@@ -58,8 +58,8 @@ protected:
         appError = std::make_unique<cuAppError>(ui, texts, program);
         log = std::make_unique<LogFile>(files, clock, codec, program);
         const LaunchEnvironment environment{registry, files, codec, codec, ui, program};
-        application = std::make_unique<Application>(
-            ApplicationParts{environment, *appError, constants, windows, process, *log, versions});
+        application = std::make_unique<Application>(ApplicationParts{
+            environment, *appError, constants, windows, process, clock, *log, versions});
         application->Init();
     }
 

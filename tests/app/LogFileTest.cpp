@@ -46,6 +46,7 @@ TEST_F(LogFileTest, OnlyTheLastExtensionOfTheLauncherIsReplaced) {
 TEST_F(LogFileTest, ExceptionLosesTheEntryOnly) {
     struct : Clock {
         std::u16string GeneralDateTime() const override { throw std::bad_alloc(); }
+        std::uint32_t Milliseconds() const override { return 0; }
     } failing;
     LogFile log(files, failing, codec, program);
     EXPECT_NO_THROW(log.Append(u"eins"));

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
 #include <new>
 #include <vector>
 
@@ -15,6 +17,7 @@
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestProgram.h"
 #include "tests/support/WindowDriver_win32.h"
+#include "text/TextCodec1252.h"
 
 namespace tarvex {
 namespace {
@@ -105,7 +108,9 @@ TEST_F(Win32AppWindowsTest, LogWindowThatFailsClosesAndTheLaunchGoesOn) {
 TEST_F(Win32AppWindowsTest, PictureThatFailsDoesNotEndTheLaunch) {
     const TestFolder folder;
     folder.MakeFile(u"Bild.bmp", BitmapFile(4, 4));
-    EXPECT_NO_THROW(windows.ShowPicture(folder.Path(u"Bild.bmp"), 1, 0));
+    bool shown = true;
+    EXPECT_NO_THROW(shown = windows.ShowPicture({u"Kunden", folder.Path(u"Bild.bmp"), 1, 0}));
+    EXPECT_FALSE(shown);
     EXPECT_EQ(ui.calls, 1);
 }
 
@@ -118,6 +123,54 @@ TEST_F(Win32AppWindowsTest, BoxThatFailsCountsAsEnded) {
     int pressed = 0;
     EXPECT_NO_THROW(pressed = windows.ShowCaptionBox(box));
     EXPECT_EQ(pressed, 1);
+}
+
+/// Windows that work, and a picture that has just closed.
+class WindowAfterThePicture : public testing::Test {
+protected:
+    WindowAfterThePicture() {
+        folder.MakeFile(u"Bild.bmp", BitmapFile(200, 100));
+        EXPECT_TRUE(windows->ShowPicture({u"Kunden", folder.Path(u"Bild.bmp"), 200, 0}));
+        anchor = GetForegroundWindow();
+        EXPECT_EQ(GetWindowThreadProcessId(anchor, nullptr), GetCurrentThreadId());
+    }
+
+    /// Shows a window and expects that it comes to the front as one of its own, and that the anchor
+    /// goes.
+    void ExpectInFront(const std::function<void()>& show, const wchar_t* className) {
+        WindowDriver::Run(show, [&] {
+            const HWND window = WindowDriver::WaitFor(className);
+            EXPECT_TRUE(WindowDriver::Until([&] { return GetForegroundWindow() == window; }));
+            EXPECT_TRUE(WindowDriver::Until([&] { return IsWindow(anchor) == FALSE; }));
+            EXPECT_EQ(GetWindow(window, GW_OWNER), nullptr) << "it stands in the taskbar";
+            PostMessageW(window, WM_CLOSE, 0, 0);
+        });
+    }
+
+    TestFolder folder;
+    FakeUi ui;
+    MessageTable texts;
+    ProgramInfo program = TestProgram();
+    cuAppError appError{ui, texts, program};
+    FakeFileSystem files;
+    TextCodec1252 ansi;
+    std::unique_ptr<Win32AppWindows> windows =
+        std::make_unique<Win32AppWindows>(appError, ui, files, ansi);
+    HWND anchor = nullptr;
+};
+
+TEST_F(WindowAfterThePicture, LogWindowTakesThePlaceOfTheAnchor) {
+    ExpectInFront([&] { windows->ShowDebug({}); }, L"frmDebug");
+}
+
+TEST_F(WindowAfterThePicture, ErrorBoxTakesThePlaceOfTheAnchor) {
+    ExpectInFront([&] { windows->ShowCaptionBox({u"Text", u"Titel", {}, 0}); }, L"#32770");
+}
+
+TEST_F(WindowAfterThePicture, AnchorGoesWithTheObjectWhenThereIsNone) {
+    EXPECT_TRUE(IsWindow(anchor));
+    windows.reset();
+    EXPECT_FALSE(IsWindow(anchor));
 }
 
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
+#include "platform/win32/ForegroundAnchor.h"
 #include "tests/support/BitmapFile.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/GdiLedger_win32.h"
@@ -10,6 +13,18 @@
 
 namespace tarvex {
 namespace {
+
+/// What is in the foreground when a picture's window begins to go.
+HWND inFrontAtEnd = nullptr;
+
+LRESULT CALLBACK OnWindowEvent(int code, WPARAM first, LPARAM second) {
+    wchar_t name[100] = {};
+    GetClassNameW(reinterpret_cast<HWND>(first), name, 100);
+    if (code == HCBT_DESTROYWND && lstrcmpW(name, L"frmStart") == 0) {
+        inFrontAtEnd = GetForegroundWindow();
+    }
+    return CallNextHookEx(nullptr, code, first, second);
+}
 
 class frmStartTest : public testing::Test {
 protected:
@@ -22,22 +37,29 @@ protected:
         WindowDriver::Run(
             [&] {
                 const DWORD start = GetTickCount();
-                frmStart::ShowModal(folder.Path(u"Bild ä.bmp"), milliseconds, 1000, onHelp, ui);
+                EXPECT_TRUE(ShowModal(folder.Path(u"Bild ä.bmp"), milliseconds));
                 took = GetTickCount() - start;
             },
             [&] { drive(WindowDriver::WaitFor(L"frmStart")); });
     }
 
-    /// Expects that no window shows.
+    bool ShowModal(std::u16string path, std::int32_t milliseconds) {
+        return frmStart::ShowModal({u"Kunden Ä", std::move(path), milliseconds, 1000}, onHelp, ui,
+                                   anchor);
+    }
+
+    /// Expects that no window shows, nor is left.
     void ExpectNothing(std::u16string_view path, std::int32_t milliseconds) {
         const DWORD start = GetTickCount();
-        frmStart::ShowModal(path, milliseconds, 0, onHelp, ui);
+        EXPECT_FALSE(ShowModal(std::u16string(path), milliseconds));
+        EXPECT_EQ(anchor.Window(), nullptr);
         EXPECT_LT(GetTickCount() - start, 1500U);
         EXPECT_FALSE(ui.pointerDefault);
     }
 
     TestFolder folder;
     FakeUi ui;
+    ForegroundAnchor anchor;
     frmStart::Help onHelp = [] {};
     DWORD took = 0;
 };
@@ -64,6 +86,73 @@ TEST_F(frmStartTest, WindowIsThePictureWithoutBorderInTheMiddleOfTheScreen) {
     EXPECT_EQ(0, style & (WS_BORDER | WS_THICKFRAME));
     EXPECT_EQ(1000U, context);
     EXPECT_TRUE(ui.pointerDefault);
+}
+
+TEST_F(frmStartTest, WindowStandsInTheTaskbarUnderItsCaption) {
+    std::u16string caption;
+    LONG style = 0;
+    Show(BitmapFile(20, 10), 300, [&](HWND window) {
+        caption = WindowDriver::TextOf(window);
+        style = GetWindowLongW(window, GWL_EXSTYLE);
+    });
+    EXPECT_EQ(u"Kunden Ä", caption);
+    EXPECT_EQ(WS_EX_APPWINDOW, style) << "and is not topmost";
+}
+
+TEST_F(frmStartTest, WindowIsInFrontAndCoversTheAnchorThatOwnsIt) {
+    HWND owner = nullptr;
+    RECT bounds{};
+    RECT pixel{};
+    bool inFront = false;
+    Show(BitmapFile(200, 100), 600, [&](HWND window) {
+        inFront = WindowDriver::Until([&] { return GetForegroundWindow() == window; });
+        owner = GetWindow(window, GW_OWNER);
+        GetWindowRect(window, &bounds);
+        GetWindowRect(owner, &pixel);
+    });
+    EXPECT_TRUE(inFront);
+    EXPECT_EQ(owner, anchor.Window());
+    EXPECT_EQ(1, pixel.right - pixel.left);
+    EXPECT_EQ(1, pixel.bottom - pixel.top);
+    RECT common{};
+    EXPECT_NE(FALSE, IntersectRect(&common, &bounds, &pixel));
+    EXPECT_NE(FALSE, EqualRect(&common, &pixel));
+}
+
+TEST_F(frmStartTest, AnchorHasTheForegroundBeforeTheTimeClosesTheWindow) {
+    const HHOOK hook = SetWindowsHookExW(WH_CBT, OnWindowEvent, nullptr, GetCurrentThreadId());
+    inFrontAtEnd = nullptr;
+    Show(BitmapFile(20, 10), 300, [](HWND) {});
+    EXPECT_NE(nullptr, anchor.Window());
+    EXPECT_EQ(anchor.Window(), inFrontAtEnd);
+    EXPECT_EQ(anchor.Window(), GetForegroundWindow());
+    UnhookWindowsHookEx(hook);
+}
+
+TEST_F(frmStartTest, AnchorHasTheForegroundBeforeTheUserClosesTheWindow) {
+    const HHOOK hook = SetWindowsHookExW(WH_CBT, OnWindowEvent, nullptr, GetCurrentThreadId());
+    inFrontAtEnd = nullptr;
+    Show(BitmapFile(20, 10), 9999, [](HWND window) { PostMessageW(window, WM_CLOSE, 0, 0); });
+    EXPECT_NE(nullptr, anchor.Window());
+    EXPECT_EQ(anchor.Window(), inFrontAtEnd);
+    EXPECT_EQ(anchor.Window(), GetForegroundWindow());
+    UnhookWindowsHookEx(hook);
+}
+
+TEST_F(frmStartTest, ErrorInAHandlerLeavesTheWindowAsAnException) {
+    onHelp = [] { throw std::runtime_error("Hilfe"); };
+    folder.MakeFile(u"a.bmp", BitmapFile(20, 10));
+    bool raised = false;
+    WindowDriver::Run(
+        [&] {
+            try {
+                ShowModal(folder.Path(u"a.bmp"), 9999);
+            } catch (const std::runtime_error&) {
+                raised = true;
+            }
+        },
+        [&] { SendMessageW(WindowDriver::WaitFor(L"frmStart"), WM_HELP, 0, 0); });
+    EXPECT_TRUE(raised);
 }
 
 TEST_F(frmStartTest, WindowClosesWhenTheTimeIsUp) {

@@ -34,6 +34,20 @@ BOOL WINAPI RecordStart(LPCWSTR application, LPWSTR line, LPSECURITY_ATTRIBUTES 
     return TRUE;
 }
 
+DWORD allowedProcess = 0;
+bool allowAnswer = false;
+
+BOOL WINAPI AnswerAllow(DWORD process) {
+    allowedProcess = process;
+    return allowAnswer ? TRUE : FALSE;
+}
+
+bool timerHandled = false;
+
+void CALLBACK OnTimer(HWND /*window*/, UINT /*message*/, UINT_PTR /*id*/, DWORD /*time*/) {
+    timerHandled = true;
+}
+
 /// A folder with blanks, umlauts and characters outside the code page that holds the stand-in.
 class Win32ProcessTest : public testing::Test {
 protected:
@@ -100,6 +114,64 @@ TEST_F(Win32ProcessTest, ReturnsTheIdOfTheRunningProcessWithoutWaiting) {
     EXPECT_EQ(WaitForSingleObject(process, 0), DWORD{WAIT_TIMEOUT});
     EXPECT_EQ(WaitForSingleObject(process, 10000), WAIT_OBJECT_0);
     CloseHandle(process);
+}
+
+TEST_F(Win32ProcessTest, TellsWhetherTheSystemHandsTheForegroundOn) {
+    const ImportHook hook("AllowSetForegroundWindow", AnswerAllow);
+    for (const bool answer : {false, true}) {
+        allowAnswer = answer;
+        EXPECT_EQ(Win32Process().AllowForeground(4711), answer);
+        EXPECT_EQ(allowedProcess, 4711u);
+    }
+}
+
+TEST_F(Win32ProcessTest, HandlesMessagesUntilTheProcessHasEnded) {
+    timerHandled = false;
+    Win32Process process;
+    SetEnvironmentVariableW(L"STUB_STAY_MS", L"1500");
+    ASSERT_NE(process.StartMaximised(u"\"" + Program() + u"\""), 0u);
+    SetEnvironmentVariableW(L"STUB_STAY_MS", nullptr);
+    const DWORD start = GetTickCount();
+    int turns = 0;
+    for (; GetTickCount() - start < 200; ++turns) {
+        EXPECT_FALSE(process.HandleMessages(20));
+    }
+    EXPECT_LT(turns, 50) << "it waits";
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, OnTimer);
+    EXPECT_FALSE(process.HandleMessages(1000));
+    EXPECT_LT(GetTickCount() - start, 1000u) << "a message ends the wait";
+    EXPECT_TRUE(timerHandled);
+    KillTimer(nullptr, timer);
+    while (GetTickCount() - start < 10000 && !process.HandleMessages(20)) {
+    }
+    EXPECT_TRUE(process.HandleMessages(0));
+}
+
+TEST_F(Win32ProcessTest, SeesOnlyOtherProgramsInTheForeground) {
+    Win32Process process;
+    const auto becomes = [&process](bool other) {
+        const DWORD start = GetTickCount();
+        while (process.OtherInForeground() != other && GetTickCount() - start < 5000) {
+            process.HandleMessages(20);
+        }
+        return process.OtherInForeground() == other;
+    };
+    const HWND window = CreateWindowExW(0, L"Static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                                        nullptr, nullptr, nullptr, nullptr);
+    SetForegroundWindow(window);
+    EXPECT_EQ(GetForegroundWindow(), window);
+    EXPECT_FALSE(process.OtherInForeground());
+    SetEnvironmentVariableW(L"STUB_WINDOW_MS", L"0");
+    SetEnvironmentVariableW(L"STUB_STAY_MS", L"2000");
+    const std::uint32_t id = process.StartMaximised(u"\"" + Program() + u"\"");
+    SetEnvironmentVariableW(L"STUB_STAY_MS", nullptr);
+    SetEnvironmentVariableW(L"STUB_WINDOW_MS", nullptr);
+    process.AllowForeground(id);
+    EXPECT_TRUE(becomes(true));
+    while (!process.HandleMessages(20)) {
+    }
+    DestroyWindow(window);
+    EXPECT_TRUE(becomes(false)) << "without any window";
 }
 
 TEST_F(Win32ProcessTest, WhatCannotBeStartedGivesZero) {
