@@ -8,6 +8,7 @@ import fcntl
 import json
 import os
 import pathlib
+import re
 import select
 import shutil
 import struct
@@ -53,6 +54,7 @@ class Programs:
         )
         self.winhelp = self._find(environment, "TARVEX_E2E_BIN", "winhlp32.exe")
         self.planted = self._find(environment, "TARVEX_E2E_BIN", "planted.dll")
+        self.watcher = self._find(environment, "TARVEX_E2E_BIN", "watcher.exe")
 
     @staticmethod
     def _find(environment, variable, name, needed=True):
@@ -99,6 +101,67 @@ class Driver:
         if self._process is not None:
             self._process.stdin.close()
             self._process.wait(SECONDS_FOR_A_RUN)
+
+
+class Watcher:
+    """The program that the user works with when the launcher starts: has the focus at first, and
+    tells when its window is activated. What the X server holds for the active window is noted as
+    well."""
+
+    def __init__(self, program, folder):
+        self._said = folder / "watcher"
+        self._active = folder / "active"
+        with open(self._said, "wb") as said, open(self._active, "wb") as active:
+            self._program = subprocess.Popen(
+                ["wine", str(program)],
+                stdin=subprocess.PIPE,
+                stdout=said,
+                stderr=subprocess.DEVNULL,
+            )
+            self._spy = subprocess.Popen(
+                ["xprop", "-spy", "-root", "_NET_ACTIVE_WINDOW"],
+                stdin=subprocess.DEVNULL,
+                stdout=active,
+            )
+        try:
+            self._await_focus()
+        except TimeoutError:
+            self.close()
+            raise
+
+    def _await_focus(self):
+        """The window manager gives the focus a moment after the window has appeared."""
+        end = time.monotonic() + SECONDS_FOR_A_RUN
+        while time.monotonic() < end:
+            active = self.active_windows()[-1:]
+            if len(self.events()) == 1 and active and owner_of(active[0]) == "watcher.exe":
+                return
+            time.sleep(0.02)
+        raise TimeoutError("the watcher did not get the focus")
+
+    def events(self):
+        """("active" or "inactive", performance counter) in the order in which they happened."""
+        said = re.findall(r"(\w+) (\d+)\r?\n", self._said.read_text("ascii"))
+        return [(event, int(ticks)) for event, ticks in said]
+
+    def active_windows(self):
+        """Every window that was the X server's active one, in this order; none is left out."""
+        noted = re.findall(r"(0x[0-9a-f]+)\n", self._active.read_text("ascii"))
+        return [window for window in noted if window != "0x0"]
+
+    def close(self):
+        self._program.stdin.close()
+        self._program.wait(SECONDS_FOR_A_RUN)
+        self._spy.terminate()
+        self._spy.wait(SECONDS_FOR_A_RUN)
+
+
+def owner_of(window):
+    """The program of one of the X server's windows, as Wine names it; empty when it has gone."""
+    result = subprocess.run(
+        ["xprop", "-id", window, "WM_CLASS"], capture_output=True, text=True, check=False
+    )
+    return result.stdout.rpartition('"')[0].rpartition('"')[2]
 
 
 def wine(*arguments, timeout=SECONDS_FOR_A_RUN, check=True):
@@ -244,6 +307,7 @@ class World:
         self.work = self.folder.parent / (self.folder.name + "-work")
         self.exe = self.path(r"\Prog\Start.exe")
         self._registry_used = False
+        self._has_screen = False
         for place in (self.folder, self.work):
             place.mkdir(parents=True)
         self.unix(self.path(r"\Prog")).mkdir()
@@ -345,10 +409,27 @@ class World:
         """Windows of several worlds may be open side by side, but each new one comes to the
         foreground. It would take the keys that are meant for another, and an error box that is not
         the active window at once keeps the system's captions."""
+        if self._has_screen:  # the test with its watcher
+            yield
+            return
         alone = self.alone or any(f"title={PROJECT}" in step for step in steps)
         with open(self.folder.parent / "screen.lock", "w", encoding="ascii") as lock:
             fcntl.flock(lock, fcntl.LOCK_EX if alone else fcntl.LOCK_SH)
-            yield
+            self._has_screen = True
+            try:
+                yield
+            finally:
+                self._has_screen = False
+
+    @contextlib.contextmanager
+    def watcher(self):
+        """Another program with a window, which has the focus at the start; gives a Watcher."""
+        with self._screen(()):
+            watcher = Watcher(self.programs.watcher, self.work)
+            try:
+                yield watcher
+            finally:
+                watcher.close()
 
     def run(self, tail="", steps=(("exit",),), **options):
         """Starts the launcher with a command-line tail and carries out steps, all of which must

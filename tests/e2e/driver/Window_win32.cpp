@@ -17,7 +17,9 @@ BOOL CALLBACK AddIfOfProcess(HWND window, LPARAM parameter) {
     auto* search = reinterpret_cast<Search*>(parameter);
     DWORD processId = 0;
     GetWindowThreadProcessId(window, &processId);
-    if (processId == search->processId && IsWindowVisible(window) != FALSE) {
+    // The launcher's anchor is one pixel that nobody sees.
+    if (processId == search->processId && IsWindowVisible(window) != FALSE &&
+        WindowClass(window) != u"ForegroundAnchor") {
         search->found.push_back(window);
     }
     return TRUE;
