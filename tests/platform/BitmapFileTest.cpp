@@ -108,11 +108,14 @@ TEST(BitmapFileTest, SinglePixelsAndMovesAreNoCodes) {
     EXPECT_TRUE(IsTruncatedBitmap(RunLengthBitmap(kRunLength4, {"\0\x05\0\x01\0\x01", 6})));
     EXPECT_TRUE(IsTruncatedBitmap(RunLengthBitmap(kRunLength8, {"\0\x02\0\x01", 4})));
     EXPECT_FALSE(IsTruncatedBitmap(RunLengthBitmap(kRunLength8, {"\0\x02\0\x01", 4}) + end));
-    const std::string many = std::string("\x04\x07\0\xFF", 4);
-    EXPECT_FALSE(
-        IsTruncatedBitmap(RunLengthBitmap(kRunLength8, many + std::string(256, '\1') + end)));
-    EXPECT_FALSE(
-        IsTruncatedBitmap(RunLengthBitmap(kRunLength4, many + std::string(128, '\1') + end)));
+    // Read as codes, the pixels would lead behind the end.
+    std::string pixels;
+    for (int i = 0; i < 64; ++i) {
+        pixels += std::string("\0\xFF", 2);
+    }
+    const std::string many("\x04\x07\0\xFF", 4);
+    EXPECT_FALSE(IsTruncatedBitmap(RunLengthBitmap(kRunLength8, many + pixels + pixels + end)));
+    EXPECT_FALSE(IsTruncatedBitmap(RunLengthBitmap(kRunLength4, many + pixels + end)));
     EXPECT_TRUE(IsTruncatedBitmap(RunLengthBitmap(kRunLength8, {"\0\xFF", 2})));
     EXPECT_TRUE(IsTruncatedBitmap(RunLengthBitmap(kRunLength8, {"\0\x02", 2})));
 }
