@@ -241,7 +241,7 @@ void CheckError(RandomLaunch& launch, const cuTarvex& tarvex, const RaisedError&
     EXPECT_EQ(error.description,
               LaunchErrorText(static_cast<LaunchError>(code), launch.program.exeName,
                               code == 7 ? tarvex.Properties().profile : value));
-    EXPECT_EQ(error.description.find(u"§"), std::u16string::npos);
+    EXPECT_EQ(error.description.find(u'§'), std::u16string::npos);
 }
 
 void CheckRun(RandomLaunch& launch, const cuTarvex& tarvex,
@@ -249,7 +249,7 @@ void CheckRun(RandomLaunch& launch, const cuTarvex& tarvex,
     const StringList lines = Lines(tarvex.DebugLog());
     CheckLog(lines);
     CheckWalks(lines);
-    EXPECT_EQ(tarvex.DebugLog().find(u"§"), std::u16string::npos)
+    EXPECT_EQ(tarvex.DebugLog().find(u'§'), std::u16string::npos)
         << "a credential shows in the log";
     for (const std::u16string& call : launch.files.log) {
         EXPECT_EQ(call.substr(0, 7), u"exists ");

@@ -71,10 +71,10 @@ TYPED_TEST_P(RegistryContract, NamesAreFoundWithoutRegardToCase) {
 
 TYPED_TEST_P(RegistryContract, UmlautsPassInKeyNameAndData) {
     this->world.SetText(kHKeyCurrentUser, u"Software\\Müller & Söhne", u"Größe",
-                        std::string("C:\\\xC4pfel \x80\0", 12));
+                        std::string("C:\\\xC4pfel \x80\0\0", 12));
     EXPECT_EQ(
         this->world.registry().ReadText(kHKeyCurrentUser, u"Software\\Müller & Söhne", u"Größe"),
-        std::string("C:\\\xC4pfel \x80\0", 12));
+        std::string("C:\\\xC4pfel \x80\0\0", 12));
 }
 
 TYPED_TEST_P(RegistryContract, RootsAreKeptApart) {

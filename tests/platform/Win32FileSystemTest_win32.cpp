@@ -48,8 +48,10 @@ public:
         const std::u16string program =
             u"Z:" + text::Replace(text::FromUtf8(TARVEX_APPENDER), u"/", u"\\");
         for (int i = 0; i < kPrograms; ++i) {
-            std::u16string line = u"\"" + program + u"\" \"" + file + u"\" " + Name(i) + u" " +
-                                  text::Decimal(kEntries) + u" \"" + event + u"\"";
+            std::u16string line = u"\"";
+            line.append(program).append(u"\" \"").append(file).append(u"\" ").append(Name(i));
+            line.append(u" ").append(text::Decimal(kEntries)).append(u" \"").append(event);
+            line.append(u"\"");
             STARTUPINFOW startup{};
             startup.cb = sizeof(startup);
             PROCESS_INFORMATION started{};
