@@ -69,6 +69,8 @@ void WidenWindow(HWND window, int pixels) {
 
 std::uintptr_t Win32CaptionBoxApi::StartTimer(WindowHandle owner, std::uintptr_t id,
                                               unsigned milliseconds, TimerProcedure procedure) {
+    // Now, because the time that loading takes would be missing when the timer waits for the box.
+    PrepareCommonControls();
     elapsed = procedure;
     return SetTimer(static_cast<HWND>(owner), id, milliseconds, OnElapsed);
 }
@@ -129,7 +131,6 @@ void Win32CaptionBoxApi::FitButtons(WindowHandle dialog, const std::vector<int>&
 
 int Win32CaptionBoxApi::ShowMessageBox(WindowHandle owner, std::u16string_view text,
                                        std::u16string_view title, std::uint32_t style) {
-    PrepareCommonControls();
     return MessageBoxA(static_cast<HWND>(owner), ToNearestAnsi(text).c_str(),
                        ToNearestAnsi(title).c_str(), style);
 }
