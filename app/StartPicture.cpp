@@ -21,18 +21,7 @@ bool IsPictureName(std::u16string_view path) {
 std::optional<std::u16string> PathOf(DiagnosticLog& log, const KeyListEntry& entry,
                                      const std::u16string& value) {
     if (entry.fileName.empty()) {
-        if (!entry.subFolder.empty()) {
-            log.AddLog(u"Unterpfad (" + entry.subFolder +
-                       u") angegeben, aber kein Dateiname. Pfad kann nicht aufgelöst werden.");
-            return std::nullopt;
-        }
-        if (value.ends_with(u'\\')) {
-            log.AddLog(
-                u"Schlüsselinhalt enthält einen Pfad und es ist kein Dateiname angegeben. Der "
-                u"Bildname kann nicht aufgelöst werden.");
-            return std::nullopt;
-        }
-        return value;
+        return PathWithoutFileName(log, entry, value, u"Bildname");
     }
     std::u16string folder = value;
     if (!entry.subFolder.empty()) {

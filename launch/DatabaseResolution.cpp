@@ -25,26 +25,15 @@ struct DatabaseKind {
 /// The path that a key list entry of a database and the text stored for it stand for.
 std::optional<std::u16string> DatabaseCandidate(DiagnosticLog& log, const KeyListEntry& entry,
                                                 const std::u16string& value) {
-    if (!entry.subFolder.empty()) {
-        if (entry.fileName.empty()) {
-            log.AddLog(u"Unterpfad (" + entry.subFolder +
-                       u") angegeben, aber kein Dateiname. Pfad kann nicht aufgelöst werden.");
-            return std::nullopt;
-        }
-        std::u16string path = JoinPath(JoinPath(value, entry.subFolder), entry.fileName);
-        log.AddLog(u"Schlüsselinhalt um Unterpfad ergänzt: " + path);
-        return path;
+    if (entry.fileName.empty()) {
+        return PathWithoutFileName(log, entry, value, u"Datenbankname");
     }
-    if (!entry.fileName.empty()) {
+    if (entry.subFolder.empty()) {
         return JoinPath(value, entry.fileName);
     }
-    if (value.ends_with(u'\\')) {
-        log.AddLog(
-            u"Schlüsselinhalt enthält einen Pfad und es ist kein Dateiname angegeben. Der "
-            u"Datenbankname kann nicht aufgelöst werden.");
-        return std::nullopt;
-    }
-    return value;
+    std::u16string path = JoinPath(JoinPath(value, entry.subFolder), entry.fileName);
+    log.AddLog(u"Schlüsselinhalt um Unterpfad ergänzt: " + path);
+    return path;
 }
 
 /// Resolves the key list of a database. Raises the errors of a list that leads to nothing; in test

@@ -70,6 +70,23 @@ std::optional<std::u16string> WalkKeyList(const LaunchEnvironment& environment,
     return std::nullopt;
 }
 
+std::optional<std::u16string> PathWithoutFileName(DiagnosticLog& log, const KeyListEntry& entry,
+                                                  const std::u16string& value,
+                                                  std::u16string_view what) {
+    if (!entry.subFolder.empty()) {
+        log.AddLog(u"Unterpfad (" + entry.subFolder +
+                   u") angegeben, aber kein Dateiname. Pfad kann nicht aufgelöst werden.");
+        return std::nullopt;
+    }
+    if (value.ends_with(u'\\')) {
+        std::u16string line =
+            u"Schlüsselinhalt enthält einen Pfad und es ist kein Dateiname angegeben. Der ";
+        log.AddLog(line.append(what).append(u" kann nicht aufgelöst werden."));
+        return std::nullopt;
+    }
+    return value;
+}
+
 KeyListResult ResolveKeyList(LaunchRun& run, std::u16string_view list, const KeyListRules& rules,
                              const KeyListErrors& errors) {
     const KeyListMarkers& markers = run.properties.markers;

@@ -28,6 +28,13 @@ std::optional<std::u16string> WalkKeyList(const LaunchEnvironment& environment,
                                           const std::vector<std::u16string>& entries,
                                           const KeyListRules& rules);
 
+/// The path for an entry that names no file: the stored text itself. Nothing, and the reason in the
+/// log, when the entry names a sub-folder or the text is a folder; `what` is that which cannot be
+/// found then ("Datenbankname").
+std::optional<std::u16string> PathWithoutFileName(DiagnosticLog& log, const KeyListEntry& entry,
+                                                  const std::u16string& value,
+                                                  std::u16string_view what);
+
 /// The launch errors of a step's key list.
 struct KeyListErrors {
     LaunchError invalid;     ///< it has no entries
