@@ -6,6 +6,7 @@
 #include "branding/Scrambling.h"
 #include "errors/RaisedError.h"
 #include "errors/cuAppError.h"
+#include "launch/DiagnosticLog.h"
 #include "launch/PathHelpers.h"
 #include "launch/cuTarvex.h"
 #include "resources/Version.h"
@@ -57,24 +58,13 @@ constexpr OptionField kOptionFields[] = {
     {kFieldRuntime, &LaunchProperties::optionRuntime},
 };
 
-/// Text of lines joined by CR LF, with no line break after the last one.
-class DebugReport {
-public:
-    void AddValue(std::u16string_view label, std::u16string_view value) {
-        AddLine(std::u16string(label).append(u" = ").append(value));
-    }
+void AddValue(DiagnosticLog& report, std::u16string_view label, std::u16string_view value) {
+    report.AddLog(std::u16string(label).append(u" = ").append(value));
+}
 
-    void AddRule() { AddLine(std::u16string(50, u'-')); }
-
-    const std::u16string& Text() const { return text_; }
-
-private:
-    void AddLine(std::u16string_view line) {
-        text::AppendWithSeparator(text_, line, text::kLineBreak);
-    }
-
-    std::u16string text_;
-};
+void AddRule(DiagnosticLog& report) {
+    report.AddLog(std::u16string(50, u'-'));
+}
 
 /// What the report shows of an item: its value, or, for a user name or password that is set, the
 /// placeholder.
@@ -171,25 +161,25 @@ void pSettings::BuildRegLists(cuTarvex& tarvex) const {
 
 std::u16string pSettings::DebugInfo(const VersionResource& versions) const {
     return AtPlace(u"pSettings: DebugInfo", [&] {
-        DebugReport report;
+        DiagnosticLog report;
         const std::u16string placeholder = appError_.MsgLoad(Message::NotShown);
         for (const cuBranding& item : Brand().Brandings()) {
             if (item.Index() != kFieldFileID) {
-                report.AddValue(item.Name(), ReportedValue(item, placeholder));
+                AddValue(report, item.Name(), ReportedValue(item, placeholder));
             }
         }
-        report.AddRule();
-        report.AddValue(u"Version", u"" TARVEX_VERSION_TEXT);
-        report.AddValue(u"FileID", Value(kFieldFileID));
-        report.AddRule();
+        AddRule(report);
+        AddValue(report, u"Version", u"" TARVEX_VERSION_TEXT);
+        AddValue(report, u"FileID", Value(kFieldFileID));
+        AddRule(report);
         FileVersionInfo file(versions);
         file.SetFullPathName(CompanionPath(environment_.program, u".exe"));
-        report.AddValue(u"Beschreibung", file.FileDescription());
-        report.AddValue(u"Firmenname", file.CompanyName());
-        report.AddValue(u"Copyright", file.LegalCopyright());
-        report.AddValue(u"Marken", file.LegalTrademarks());
-        report.AddValue(u"Produktname", file.ProductName());
-        report.AddValue(u"Produktversion", file.ProductVersion());
+        AddValue(report, u"Beschreibung", file.FileDescription());
+        AddValue(report, u"Firmenname", file.CompanyName());
+        AddValue(report, u"Copyright", file.LegalCopyright());
+        AddValue(report, u"Marken", file.LegalTrademarks());
+        AddValue(report, u"Produktname", file.ProductName());
+        AddValue(report, u"Produktversion", file.ProductVersion());
         return report.Text();
     });
 }
