@@ -1,6 +1,7 @@
 #include "platform/win32/Win32System.h"
 
 #include "platform/win32/Handles.h"
+#include "platform/win32/SystemLibrary.h"
 
 namespace tarvex {
 
@@ -79,8 +80,8 @@ std::vector<std::u16string> Win32Registry::ListValueNames(std::int32_t root,
 
 bool Win32Registry::Has64BitView() const {
     // Windows XP has the function from Service Pack 2 on; a 64-bit Windows always has it.
-    const auto isWow64 = reinterpret_cast<decltype(&IsWow64Process)>(reinterpret_cast<void*>(
-        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "IsWow64Process")));
+    const SystemLibrary kernel(u"kernel32.dll");
+    auto* const isWow64 = kernel.Function<decltype(IsWow64Process)>("IsWow64Process");
     BOOL result = FALSE;
     return isWow64 != nullptr && isWow64(GetCurrentProcess(), &result) != 0 && result != 0;
 }
