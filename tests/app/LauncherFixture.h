@@ -6,13 +6,13 @@
 #include <string>
 
 #include "app/Application.h"
+#include "errors/MessageTable.h"
 #include "tests/support/FakeApp.h"
 #include "tests/support/FakeBrandConstants.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/FakeVersionResource.h"
-#include "tests/support/MessageTable.h"
 #include "tests/support/TestProgram.h"
 #include "text/TextCodec1252.h"
 

@@ -6,11 +6,11 @@
 #include <memory>
 
 #include "branding/BrandFields.h"
+#include "errors/MessageTable.h"
 #include "tests/support/FakeBrandConstants.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeUi.h"
-#include "tests/support/MessageTable.h"
 #include "tests/support/TestProgram.h"
 #include "text/TextCodec1252.h"
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "errors/MessageTable.h"
 #include "platform/win32/Win32System.h"
-#include "tests/support/MessageTable.h"
 
 namespace tarvex {
 namespace {

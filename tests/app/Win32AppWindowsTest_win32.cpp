@@ -7,13 +7,13 @@
 #include <new>
 #include <vector>
 
+#include "errors/MessageTable.h"
 #include "platform/win32/WideText.h"
 #include "resources/ResourceIds.h"
 #include "tests/support/BitmapFile.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/ImportHook_win32.h"
-#include "tests/support/MessageTable.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestProgram.h"
 #include "tests/support/WindowDriver_win32.h"

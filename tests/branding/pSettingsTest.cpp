@@ -4,6 +4,7 @@
 
 #include "branding/BrandFields.h"
 #include "branding/Scrambling.h"
+#include "errors/MessageTable.h"
 #include "errors/cuAppError.h"
 #include "launch/cuTarvex.h"
 #include "resources/Version.h"
@@ -13,7 +14,6 @@
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/FakeVersionResource.h"
-#include "tests/support/MessageTable.h"
 #include "tests/support/TestProgram.h"
 #include "text/Text.h"
 #include "text/TextCodec1252.h"

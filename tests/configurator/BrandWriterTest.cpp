@@ -6,6 +6,7 @@
 
 #include "branding/Scrambling.h"
 #include "tests/configurator/ConfiguratorWorld.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {

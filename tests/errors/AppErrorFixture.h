@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "errors/MessageTable.h"
 #include "errors/cuAppError.h"
 #include "tests/support/FakeUi.h"
-#include "tests/support/MessageTable.h"
 #include "tests/support/TestProgram.h"
 
 namespace tarvex {

@@ -1,5 +1,5 @@
-#include "configurator/Commands.h"
-#include "configurator/SystemConsole.h"
+#include "commands/Commands.h"
+#include "commands/SystemConsole.h"
 #include "platform/posix/PosixFileStore.h"
 #include "text/Text.h"
 #include "text/TextCodec1252.h"

@@ -1,15 +1,15 @@
-#include "configurator/Commands.h"
+#include "commands/Commands.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/configurator/ConfiguratorWorld.h"
+#include "tests/commands/CommandsWorld.h"
 
 namespace tarvex {
 namespace {
 
 class CommandsTest : public testing::Test {
 protected:
-    ConfiguratorWorld world_;
+    CommandsWorld world_;
     FakeConsole& console_ = world_.console;
 };
 

@@ -1,5 +1,5 @@
-#include "configurator/Commands.h"
-#include "configurator/SystemConsole.h"
+#include "commands/Commands.h"
+#include "commands/SystemConsole.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32TextCodec.h"

@@ -1,4 +1,4 @@
-#include "configurator/Json.h"
+#include "commands/Json.h"
 
 #include "text/Text.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "configurator/Console.h"
+#include "commands/Console.h"
 
 namespace tarvex {
 

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "configurator/SystemConsole.h"
+#include "commands/SystemConsole.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/WindowsApi.h"
 #include "text/Text.h"

@@ -3,7 +3,7 @@
 
 #include <cerrno>
 
-#include "configurator/SystemConsole.h"
+#include "commands/SystemConsole.h"
 #include "text/Text.h"
 
 namespace tarvex {

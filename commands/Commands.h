@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "configurator/CommandLine.h"
-#include "configurator/Console.h"
+#include "commands/CommandLine.h"
+#include "commands/Console.h"
 #include "configurator/Model.h"
 #include "platform/FileStore.h"
 

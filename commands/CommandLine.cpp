@@ -1,4 +1,4 @@
-#include "configurator/CommandLine.h"
+#include "commands/CommandLine.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>

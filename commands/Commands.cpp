@@ -1,14 +1,14 @@
-#include "configurator/Commands.h"
+#include "commands/Commands.h"
 
 #include <optional>
 #include <set>
 #include <utility>
 
+#include "commands/Json.h"
 #include "configurator/BrandWriter.h"
 #include "configurator/Checks.h"
 #include "configurator/FieldTexts.h"
 #include "configurator/FileCopy.h"
-#include "configurator/Json.h"
 #include "configurator/LauncherImage.h"
 #include "configurator/SettingsFile.h"
 #include "errors/RaisedError.h"

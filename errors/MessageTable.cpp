@@ -1,4 +1,4 @@
-#include "tests/support/MessageTable.h"
+#include "errors/MessageTable.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "commands/Commands.h"
+#include "tests/configurator/ConfiguratorWorld.h"
+#include "text/Text.h"
+
+namespace tarvex {
+
+class FakeConsole : public Console {
+public:
+    void Out(std::u16string_view text) override { out += text; }
+    void Err(std::u16string_view text) override { err += text; }
+    std::optional<std::u16string> ReadSecretLine(std::u16string_view prompt) override {
+        prompts.emplace_back(prompt);
+        if (input.empty()) {
+            return std::nullopt;
+        }
+        std::u16string line = input.front();
+        input.pop_front();
+        return line;
+    }
+
+    std::u16string out;
+    std::u16string err;
+    std::deque<std::u16string> input;
+    std::vector<std::u16string> prompts;
+};
+
+/// The command line of the configurator with files in memory.
+struct CommandsWorld : ConfiguratorWorld {
+    int Run(const std::vector<std::u16string>& arguments) {
+        console.out.clear();
+        console.err.clear();
+        return Commands({store, codec, console}).Run(arguments);
+    }
+
+    /// Brands K.exe from the text of a settings file.
+    int Brand(std::u16string_view settings) {
+        files.AddFile(u"K.ini", text::ToUtf8(settings));
+        return Run({u"brand", u"T.exe", u"K.exe", u"--settings", u"K.ini", u"--force"});
+    }
+
+    FakeConsole console;
+};
+
+}  // namespace tarvex
