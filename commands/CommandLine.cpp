@@ -1,234 +1,216 @@
 #include "commands/CommandLine.h"
 
-#include <CLI/CLI.hpp>
+#include <getopt.h>
+
 #include <algorithm>
 #include <iterator>
-#include <utility>
+#include <optional>
 
-#include "resources/Version.h"
+#include "commands/CommandHelp.h"
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
 
-struct CommandInfo {
-    CommandKind kind;
-    std::u16string_view name;
-    std::u16string_view arguments;
-    std::u16string_view help;
-};
-
-constexpr CommandInfo kCommands[] = {
-    {CommandKind::Brand, u"brand",
-     u"VORLAGE.exe AUSGABE.exe --settings DATEI.ini [--set NAME=WERT]... [--force]",
-     u"Macht aus dem unkonfigurierten Startprogramm VORLAGE.exe ein konfiguriertes.\n"
-     u"\n"
-     u"  --settings DATEI.ini  Einstellungsdatei (UTF-8, Zeilen der Form Name = Wert)\n"
-     u"  --set NAME=WERT       setzt einen Wert anders als in der Datei; mehrfach möglich\n"
-     u"  --force               ersetzt eine vorhandene AUSGABE.exe\n"
-     u"\n"
-     u"Mit NAME=- wird der Wert als eine Zeile von der Standardeingabe gelesen, damit ein\n"
-     u"Kennwort nicht in der Befehlszeile steht.\n"},
-    {CommandKind::Set, u"set", u"DATEI.exe NAME=WERT...",
-     u"Ändert einzelne Werte in einem Startprogramm.\n"
-     u"\n"
-     u"Mit NAME=- wird der Wert als eine Zeile von der Standardeingabe gelesen.\n"},
-    {CommandKind::Show, u"show", u"DATEI.exe [--reveal] [--json]",
-     u"Zeigt alle Felder eines Startprogramms mit ihren Werten.\n"
-     u"\n"
-     u"  --reveal  zeigt auch Benutzernamen und Kennwörter\n"
-     u"  --json    gibt JSON aus\n"},
-    {CommandKind::Export, u"export", u"DATEI.exe AUSGABE.ini [--force]",
-     u"Schreibt die Werte eines Startprogramms in eine Einstellungsdatei, aus der 'brand' wieder\n"
-     u"dasselbe Startprogramm macht. Benutzername und Kennwörter stehen darin im Klartext.\n"
-     u"\n"
-     u"  --force  ersetzt eine vorhandene AUSGABE.ini\n"},
-    {CommandKind::Check, u"check", u"DATEI.exe|DATEI.ini",
-     u"Meldet, was nicht funktionieren wird oder vermutlich nicht so gemeint ist.\n"},
-    {CommandKind::Fields, u"fields", u"[--json]",
-     u"Listet alle Felder mit Nummer, Name, nutzbarer Länge in Zeichen und Bedeutung.\n"
-     u"\n"
-     u"  --json  gibt JSON aus\n"},
-};
-
-std::u16string Usage(const CommandInfo& info) {
-    return u"tarvexcf " + std::u16string(info.name) + u" " + std::u16string(info.arguments);
-}
-
-std::u16string GeneralHelp() {
-    std::u16string help = u"Konfiguriert Startprogramme für Access-Datenbanken.\n\nAufruf:\n";
-    for (const CommandInfo& info : kCommands) {
-        help += u"  " + Usage(info) + u"\n";
-    }
-    help +=
-        u"  tarvexcf BEFEHL --help\n"
-        u"  tarvexcf --version\n"
-        u"\n"
-        u"Rückgabe: 0 ausgeführt, 1 abgelehnt oder fehlgeschlagen, 2 falscher Aufruf.\n";
-    return help;
-}
+constexpr int kFirstOption = 256;  // none of getopt's own results
+constexpr std::string_view kHelp = "help";
 
 CommandLine UsageError(std::u16string_view problem, std::u16string_view usage) {
     CommandLine result;
     result.usageError = u"Falscher Aufruf: " + std::u16string(problem) + u"\n" + u"Aufruf: " +
-                        std::u16string(usage) + u"\n";
+                        std::u16string(usage);
     return result;
 }
 
-CommandLine Answer(std::u16string text) {
+CommandLine Ask(CommandKind command, std::vector<std::u16string> arguments) {
     CommandLine result;
-    result.answer = std::move(text);
+    result.command = command;
+    result.arguments = std::move(arguments);
     return result;
 }
 
-bool IsHelp(std::u16string_view argument) {
-    return argument == u"--help" || argument == u"-h";
-}
-
-/// The arguments of one command. Everything is optional for CLI11, so that what is missing is said
-/// here, in German.
+/// The arguments of one command, divided by the system's getopt_long. It is handed each argument
+/// with a "?" for every character outside ASCII, so that places in it are places in the argument,
+/// whatever characters that holds.
 class CommandParser {
 public:
-    CommandParser(const CommandInfo& info, std::vector<std::string> arguments)
-        : info_(info), arguments_(std::move(arguments)) {}
+    CommandParser(const CommandInfo& info, const std::vector<std::u16string>& arguments)
+        : info_(info), arguments_(arguments) {
+        for (const std::u16string& argument : arguments) {
+            std::string& narrow = narrow_.emplace_back();
+            for (const char16_t unit : argument) {
+                narrow += unit > 0 && unit < 0x7f ? static_cast<char>(unit) : '?';
+            }
+        }
+        for (std::string& narrow : narrow_) {
+            pointers_.push_back(narrow.data());
+        }
+        pointers_.push_back(nullptr);
+        for (std::size_t i = 0; i < info.options.size(); ++i) {
+            const OptionInfo& each = info.options[i];
+            options_.push_back({each.name.data(),
+                                each.value.empty() ? no_argument : required_argument, nullptr,
+                                kFirstOption + static_cast<int>(i)});
+        }
+        options_.push_back({kHelp.data(), no_argument, nullptr, 'h'});
+        options_.push_back({});
+    }
 
     CommandLine Parse() {
-        CLI::App app;
-        app.allow_windows_style_options(false);
-        app.set_help_flag();
-        app.allow_extras();
-        bool help = false;
-        app.add_flag("-h,--help", help);
-        Define(app);
-        try {
-            std::reverse(arguments_.begin(), arguments_.end());
-            app.parse(arguments_);
-        } catch (const CLI::ParseError& error) {
-            return Wrong(DescribeError(error));
+        optind = 0;  // begins anew
+        // "-": arguments in their order, whatever the environment says; ":": no texts of its own.
+        while (true) {
+            const int found = getopt_long(static_cast<int>(narrow_.size()), pointers_.data(), "-:h",
+                                          options_.data(), nullptr);
+            if (found == -1) {
+                break;
+            }
+            if (found == 'h') {
+                return Ask(CommandKind::Help, {std::u16string(info_.name)});
+            }
+            std::u16string problem = Take(found);
+            if (!problem.empty()) {
+                return Wrong(problem);
+            }
         }
-        if (help) {
-            return Answer(u"Aufruf: " + Usage(info_) + u"\n\n" + std::u16string(info_.help));
+        for (auto i = static_cast<std::size_t>(optind); i < arguments_.size(); ++i) {
+            result_.arguments.push_back(arguments_[i]);
         }
-        if (const std::vector<std::string> extras = app.remaining(); !extras.empty()) {
-            return Wrong(u"unerwartet ist '" + text::FromUtf8(extras.front()) + u"'.");
-        }
-        return Collect();
+        std::u16string problem = Arrange();
+        return problem.empty() ? std::move(result_) : Wrong(problem);
     }
 
 private:
-    void Define(CLI::App& app) {
-        if (Is(CommandKind::Show) || Is(CommandKind::Fields)) {
-            app.add_flag("--json", json_);
+    std::u16string Take(int found) {
+        const auto last = static_cast<std::size_t>(optind - 1);
+        if (found == 1) {
+            result_.arguments.push_back(Original(optarg));
+            return {};
         }
-        if (Is(CommandKind::Show)) {
-            app.add_flag("--reveal", reveal_);
+        if (found == ':') {
+            return arguments_[last] + u" braucht einen Wert.";
         }
-        if (Is(CommandKind::Brand) || Is(CommandKind::Export)) {
-            app.add_flag("--force", force_);
-        }
-        if (Is(CommandKind::Brand)) {
-            app.add_option("--settings", settings_);
-            app.add_option("--set", assignments_)
-                ->expected(1)
-                ->allow_extra_args(false)
-                ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-        }
-        if (!Is(CommandKind::Fields)) {
-            app.add_option("input", input_);
-        }
-        if (Is(CommandKind::Brand) || Is(CommandKind::Export)) {
-            app.add_option("output", output_);
-        }
-        if (Is(CommandKind::Set)) {
-            app.add_option("assignments", assignments_);
-        }
-    }
-
-    CommandLine Collect() const {
-        CommandLine result;
-        result.command = info_.kind;
-        result.input = text::FromUtf8(input_);
-        result.output = text::FromUtf8(output_);
-        result.settings = text::FromUtf8(settings_);
-        result.force = force_;
-        result.reveal = reveal_;
-        result.json = json_;
-        if (!Is(CommandKind::Fields) && result.input.empty()) {
-            return Wrong(u"es fehlt der Name der Datei.");
-        }
-        if ((Is(CommandKind::Brand) || Is(CommandKind::Export)) && result.output.empty()) {
-            return Wrong(u"es fehlt der Name der Ausgabe.");
-        }
-        if (Is(CommandKind::Brand) && result.settings.empty()) {
-            return Wrong(u"es fehlt --settings mit der Einstellungsdatei.");
-        }
-        if (Is(CommandKind::Set) && assignments_.empty()) {
-            return Wrong(u"es fehlt NAME=WERT.");
-        }
-        for (const std::string& assignment : assignments_) {
-            const std::u16string all = text::FromUtf8(assignment);
-            const std::size_t equals = all.find(u'=');
-            if (equals == std::u16string::npos) {
-                return Wrong(u"'" + all + u"' hat nicht die Form NAME=WERT.");
+        if (found < kFirstOption) {
+            const std::u16string& typed = arguments_[last];
+            if (optopt >= kFirstOption) {
+                return std::u16string(text::Left(typed, typed.find(u'='))) + u" nimmt keinen Wert.";
             }
-            result.assignments.push_back(
-                {std::u16string(text::Trim(text::Left(all, equals))), all.substr(equals + 1)});
+            // Of several letters in one argument the place is still that of the argument before.
+            const std::u16string letter{u'-', static_cast<char16_t>(optopt)};
+            return u"unbekannt ist '" + (optopt != 0 ? letter : typed) + u"'.";
         }
-        return result;
+        const OptionInfo& option = info_.options[static_cast<std::size_t>(found - kFirstOption)];
+        std::vector<std::u16string>& values = result_.options[option.option];
+        if (option.value.empty()) {
+            values = {u""};
+            return {};
+        }
+        if (!values.empty() && !option.repeats) {
+            return u"--" + text::FromUtf8(option.name) + u" ist mehrfach angegeben.";
+        }
+        values.push_back(Original(optarg));
+        return {};
     }
 
-    static std::u16string DescribeError(const CLI::ParseError& error) {
-        // The texts of CLI11 are English, but they begin with the option and a colon.
-        const std::string what = error.what();
-        const std::string option = what.substr(0, what.find_first_of(": "));
-        if (option.starts_with('-')) {
-            return text::FromUtf8(option) + u" hat keinen oder keinen passenden Wert.";
+    /// The text behind a pointer into one of the narrow arguments.
+    std::u16string Original(const char* place) const {
+        for (std::size_t i = 0; i < narrow_.size(); ++i) {
+            const char* const start = narrow_[i].data();
+            if (std::less_equal<>()(start, place) &&
+                std::less_equal<>()(place, start + narrow_[i].size())) {
+                return arguments_[i].substr(static_cast<std::size_t>(place - start));
+            }
         }
-        return u"die Argumente passen nicht zum Befehl.";
+        return {};
+    }
+
+    /// Holds the arguments against what the command takes; returns what is wrong with them.
+    std::u16string Arrange() {
+        std::vector<std::u16string>& given = result_.arguments;
+        std::size_t needed = 0;
+        for (const ArgumentInfo& argument : info_.arguments) {
+            needed += argument.optional ? 0U : 1U;
+        }
+        for (std::size_t i = 0; i < needed; ++i) {
+            if (given.size() <= i || given[i].empty()) {
+                return u"es fehlt " + std::u16string(info_.arguments[i].name) + u".";
+            }
+        }
+        const bool repeats = !info_.arguments.empty() && info_.arguments.back().repeats;
+        if (!repeats && given.size() > info_.arguments.size()) {
+            return u"zu viel ist '" + given[info_.arguments.size()] + u"'.";
+        }
+        if (info_.kind == CommandKind::Brand && !result_.Has(Option::Settings) &&
+            !result_.Has(Option::From)) {
+            return u"es fehlt --settings DATEI.ini oder --from ALT.exe.";
+        }
+        if (result_.Has(Option::Drop) && !result_.Has(Option::From)) {
+            return u"--drop gehört zu --from.";
+        }
+        result_.command = info_.kind;
+        return TakeAssignments();
+    }
+
+    std::u16string TakeAssignments() {
+        std::vector<std::u16string> typed = result_.Values(Option::Set);
+        if (info_.kind == CommandKind::Set) {
+            typed.assign(result_.arguments.begin() + 1, result_.arguments.end());
+            result_.arguments.resize(1);
+        }
+        for (const std::u16string& each : typed) {
+            const std::size_t equals = each.find(u'=');
+            if (equals == std::u16string::npos) {
+                // It may be a password: what was typed is not repeated.
+                return u"eine Zuweisung hat nicht die Form NAME=WERT.";
+            }
+            result_.assignments.push_back(
+                {std::u16string(text::Trim(text::Left(each, equals))), each.substr(equals + 1)});
+        }
+        return {};
     }
 
     CommandLine Wrong(std::u16string_view problem) const {
-        return UsageError(problem, Usage(info_));
+        return UsageError(problem, UsageLine(info_));
     }
 
-    bool Is(CommandKind kind) const { return info_.kind == kind; }
-
     const CommandInfo& info_;
-    std::vector<std::string> arguments_;
-    std::string input_;
-    std::string output_;
-    std::string settings_;
-    std::vector<std::string> assignments_;
-    bool force_ = false;
-    bool reveal_ = false;
-    bool json_ = false;
+    const std::vector<std::u16string>& arguments_;
+    std::vector<std::string> narrow_;
+    std::vector<char*> pointers_;
+    std::vector<option> options_;
+    CommandLine result_;
 };
 
 }  // namespace
 
+std::u16string_view CommandLine::Value(Option option) const {
+    const auto found = options.find(option);
+    return found != options.end() ? std::u16string_view(found->second.back())
+                                  : std::u16string_view();
+}
+
+std::vector<std::u16string> CommandLine::Values(Option option) const {
+    const auto found = options.find(option);
+    return found != options.end() ? found->second : std::vector<std::u16string>();
+}
+
 CommandLine ParseCommandLine(const std::vector<std::u16string>& arguments) {
+    constexpr std::u16string_view kUsage = u"tarvexcf BEFEHL [ARGUMENTE] (mehr mit --help)";
     if (arguments.empty()) {
-        return UsageError(u"es fehlt der Befehl.", u"tarvexcf BEFEHL ... (mehr mit --help)");
+        return UsageError(u"es fehlt der Befehl.", kUsage);
     }
-    if (IsHelp(arguments[0])) {
-        return Answer(GeneralHelp());
+    const std::u16string& first = arguments[0];
+    if (first == u"--help" || first == u"-h") {
+        return Ask(CommandKind::Help, {});
     }
-    if (arguments[0] == u"--version") {
-        return Answer(u"tarvexcf " TARVEX_VERSION_TEXT u"\n");
+    if (first == u"--version") {
+        return Ask(CommandKind::Version, {});
     }
-    const auto* info = std::find_if(
-        std::begin(kCommands), std::end(kCommands),
-        [&arguments](const CommandInfo& command) { return command.name == arguments[0]; });
-    if (info == std::end(kCommands)) {
-        return UsageError(u"unbekannter Befehl '" + arguments[0] + u"'.",
-                          u"tarvexcf brand|set|show|export|check|fields ... (mehr mit --help)");
+    const CommandInfo* info = FindCommand(first);
+    if (info == nullptr) {
+        return UsageError(u"unbekannter Befehl '" + first + u"'.", kUsage);
     }
-    // The command's name is taken off here: as a subcommand of CLI11 it could not be told from a
-    // file of the same name.
-    std::vector<std::string> rest;
-    std::transform(arguments.begin() + 1, arguments.end(), std::back_inserter(rest),
-                   [](const std::u16string& argument) { return text::ToUtf8(argument); });
-    return CommandParser(*info, std::move(rest)).Parse();
+    return CommandParser(*info, arguments).Parse();
 }
 
 }  // namespace tarvex

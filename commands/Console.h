@@ -15,6 +15,9 @@ public:
     virtual void Out(std::u16string_view text) = 0;
     virtual void Err(std::u16string_view text) = 0;
 
+    /// True when a person types what is read.
+    virtual bool IsInteractive() const = 0;
+
     /// One line of standard input without its line end; nothing at the end of the input. At a
     /// terminal `prompt` is shown first and what is typed is not shown.
     virtual std::optional<std::u16string> ReadSecretLine(std::u16string_view prompt) = 0;

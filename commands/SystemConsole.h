@@ -9,6 +9,7 @@ class SystemConsole : public Console {
 public:
     void Out(std::u16string_view text) override;
     void Err(std::u16string_view text) override;
+    bool IsInteractive() const override;
     std::optional<std::u16string> ReadSecretLine(std::u16string_view prompt) override;
 };
 

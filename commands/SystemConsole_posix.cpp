@@ -57,6 +57,10 @@ void SystemConsole::Err(std::u16string_view text) {
     WriteAll(STDERR_FILENO, text);
 }
 
+bool SystemConsole::IsInteractive() const {
+    return isatty(STDIN_FILENO) != 0;
+}
+
 std::optional<std::u16string> SystemConsole::ReadSecretLine(std::u16string_view prompt) {
     const EchoOff silence(STDIN_FILENO);
     if (silence.IsTerminal()) {

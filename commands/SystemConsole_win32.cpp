@@ -90,6 +90,10 @@ void SystemConsole::Err(std::u16string_view text) {
     Write(STD_ERROR_HANDLE, text);
 }
 
+bool SystemConsole::IsInteractive() const {
+    return IsConsole(GetStdHandle(STD_INPUT_HANDLE));
+}
+
 std::optional<std::u16string> SystemConsole::ReadSecretLine(std::u16string_view prompt) {
     const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
     const bool isConsole = IsConsole(input);

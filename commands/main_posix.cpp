@@ -14,5 +14,5 @@ int main(int argc, char** argv) {
     // none to ask for here, and nearly all its users have this one.
     const tarvex::TextCodec1252 codec;
     tarvex::SystemConsole console;
-    return tarvex::Commands({store, codec, console}).Run(arguments);
+    return tarvex::RunCommand(arguments, {store, codec, console});
 }

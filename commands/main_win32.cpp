@@ -18,5 +18,5 @@ int main() {
     tarvex::Win32FileStore store;
     const tarvex::SingleByteTextCodec codec;
     tarvex::SystemConsole console;
-    return tarvex::Commands({store, codec, console}).Run(arguments);
+    return tarvex::RunCommand(arguments, {store, codec, console});
 }

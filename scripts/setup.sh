@@ -9,7 +9,7 @@ set -euo pipefail
 
 native_packages=(
     # build
-    g++ cmake ninja-build git libcli11-dev googletest libgtest-dev libgmock-dev
+    g++ cmake ninja-build git googletest libgtest-dev libgmock-dev
     g++-mingw-w64-i686-win32 binutils-mingw-w64-i686 icoutils
     g++-mingw-w64-x86-64-win32 # the tests' stand-in for 64-bit Access
     # checks

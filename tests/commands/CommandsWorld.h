@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/Console.h"
 #include "tests/configurator/ConfiguratorWorld.h"
 #include "text/Text.h"
 
@@ -23,7 +24,9 @@ public:
         input.pop_front();
         return line;
     }
+    bool IsInteractive() const override { return interactive; }
 
+    bool interactive = false;
     std::u16string out;
     std::u16string err;
     std::deque<std::u16string> input;
@@ -35,7 +38,7 @@ struct CommandsWorld : ConfiguratorWorld {
     int Run(const std::vector<std::u16string>& arguments) {
         console.out.clear();
         console.err.clear();
-        return Commands({store, codec, console}).Run(arguments);
+        return RunCommand(arguments, {store, codec, console});
     }
 
     /// Brands K.exe from the text of a settings file.

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "configurator/SettingsDifference.h"
+
+namespace tarvex {
+
+/// The value as it is shown: users and passwords only with `reveal`.
+std::u16string_view ShownValue(const BrandField& field, std::u16string_view value, bool reveal);
+
+/// "Name = value", as in a settings file; lines end in "\n".
+std::u16string ShownLine(const BrandField& field, std::u16string_view value, bool reveal);
+
+/// For each difference the old value after "- " and the new one after "+ ", lines with "\n"; an
+/// empty value has no line.
+std::u16string ShownDifferences(const std::vector<Difference>& differences, bool reveal);
+
+}  // namespace tarvex

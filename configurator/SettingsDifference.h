@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "configurator/Model.h"
+
+namespace tarvex {
+
+/// A field that has another value after than before.
+struct Difference {
+    std::int32_t number = 0;
+    std::u16string before;
+    std::u16string after;
+};
+
+/// The fields whose values differ, by their numbers; a field that is not set counts as empty.
+std::vector<Difference> CompareSettings(const Settings& before, const Settings& after);
+
+}  // namespace tarvex
