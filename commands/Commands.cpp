@@ -8,10 +8,10 @@
 #include "configurator/BrandWriter.h"
 #include "configurator/Checks.h"
 #include "configurator/FieldTexts.h"
-#include "configurator/FileCopy.h"
+#include "configurator/FileTexts.h"
 #include "configurator/LauncherImage.h"
+#include "configurator/OutputFile.h"
 #include "configurator/SettingsFile.h"
-#include "errors/RaisedError.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -40,6 +40,16 @@ std::u16string_view BareName(std::u16string_view path) {
     return separator == std::u16string_view::npos ? path : path.substr(separator + 1);
 }
 
+OutputRules RulesFor(const CommandLine& line) {
+    OutputRules rules;
+    rules.force = line.force;
+    rules.inputs = {line.input};
+    if (!line.settings.empty()) {
+        rules.inputs.push_back(line.settings);
+    }
+    return rules;
+}
+
 }  // namespace
 
 int Commands::Run(const std::vector<std::u16string>& arguments) {
@@ -55,7 +65,7 @@ int Commands::Run(const std::vector<std::u16string>& arguments) {
     try {
         return Execute(line);
     } catch (...) {
-        return Finish({{line.input, 0, {}, CurrentError().description}}, {});
+        return Finish({{line.input, 0, {}, CaughtText()}}, {});
     }
 }
 
@@ -88,12 +98,12 @@ int Commands::Brand(const CommandLine& line) {
         settings = std::move(parsed.settings);
         Append(problems, std::move(parsed.problems));
     } catch (...) {
-        problems.push_back({line.settings, 0, {}, CurrentError().description});
+        problems.push_back({line.settings, 0, {}, CaughtText()});
     }
     Append(problems, Assign(line, u"--set", settings));
     if (problems.empty()) {
         BrandWriter writer(environment_.store, environment_.codec);
-        problems = writer.Brand(line.input, line.output, settings);
+        problems = writer.Brand(line.input, line.output, settings, RulesFor(line));
     }
     return Finish(problems, line.output + u" ist konfiguriert.\n");
 }
@@ -156,12 +166,9 @@ int Commands::Export(const CommandLine& line) {
         return Finish(problems, {});
     }
     const std::u16string title = u"Einstellungen aus " + std::u16string(BareName(line.input));
-    FileCopy copy(environment_.store, line.output, WriteSettings(settings, title));
-    try {
-        copy.Replace(line.output);
-    } catch (...) {
-        problems.push_back({line.output, 0, {}, CurrentError().description});
-    }
+    Problems notes;
+    problems = WriteOutput(environment_.store, line.output, WriteSettings(settings, title),
+                           RulesFor(line), notes);
     return Finish(problems, line.output + u" ist geschrieben.\n");
 }
 
@@ -263,10 +270,7 @@ Settings Commands::Load(const std::u16string& file, bool& branded, Problems& pro
 }
 
 Problems Commands::RefuseExisting(const CommandLine& line) const {
-    if (line.force || !environment_.store.FileExists(line.output)) {
-        return {};
-    }
-    return {{line.output, 0, {}, u"Die Datei ist schon vorhanden; --force ersetzt sie."}};
+    return CheckOutput(environment_.store, line.output, RulesFor(line));
 }
 
 int Commands::Finish(const Problems& problems, std::u16string_view done) {
