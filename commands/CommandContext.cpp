@@ -1,15 +1,47 @@
 #include "commands/CommandContext.h"
 
+#include "configurator/FileTexts.h"
+
 namespace tarvex {
 
-void CommandContext::Err(std::u16string_view line) const {
+std::optional<std::string> CommandContext::Read(const std::u16string& file,
+                                                Problems& problems) const {
+    try {
+        return IsStandardInput(file) ? environment_.console.ReadInput()
+                                     : environment_.store.ReadAll(file);
+    } catch (...) {
+        problems.push_back({file, 0, {}, CaughtText()});
+        return std::nullopt;
+    }
+}
+
+LoadedSettings CommandContext::Load(const std::u16string& file) const {
+    Problems problems;
+    const std::optional<std::string> bytes = Read(file, problems);
+    if (bytes) {
+        return LoadSettings(*bytes, file, Codec());
+    }
+    LoadedSettings nothing;
+    nothing.problems = std::move(problems);
+    return nothing;
+}
+
+void CommandContext::Out(std::u16string_view text) {
+    outputIsWhole_ = environment_.console.Out(text) && outputIsWhole_;
+}
+
+void CommandContext::Err(std::u16string_view line) {
     environment_.console.Err(u"tarvexcf: " + std::u16string(line) + u"\n");
 }
 
-int CommandContext::Finish(const Problems& problems, std::u16string_view done) const {
+void CommandContext::Tell(const Problems& problems) {
     for (const Problem& problem : problems) {
         Err(ProblemLine(problem));
     }
+}
+
+int CommandContext::Finish(const Problems& problems, std::u16string_view done) {
+    Tell(problems);
     if (!problems.empty()) {
         return kFailed;
     }
@@ -19,8 +51,12 @@ int CommandContext::Finish(const Problems& problems, std::u16string_view done) c
     return kDone;
 }
 
-std::string CommandContext::ReadInput(std::u16string_view file) const {
-    return environment_.store.ReadAll(file);
+bool IsStandardInput(std::u16string_view file) {
+    return file == u"-" || file == u"/dev/stdin";
+}
+
+bool IsStandardOutput(std::u16string_view file) {
+    return file == u"-" || file == u"/dev/stdout";
 }
 
 }  // namespace tarvex

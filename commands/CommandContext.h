@@ -1,10 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "commands/Environment.h"
-#include "configurator/Model.h"
+#include "configurator/SettingsSource.h"
 
 namespace tarvex {
 
@@ -23,22 +24,37 @@ public:
     const TextCodec& Codec() const { return environment_.codec; }
     Console& GetConsole() const { return environment_.console; }
 
-    /// The bytes of an input file; "-" is the standard input.
-    std::string ReadInput(std::u16string_view file) const;
+    /// The bytes of an input file; "-" and "/dev/stdin" are the standard input. Nothing when it
+    /// cannot be read: the reason is added to the problems.
+    std::optional<std::string> Read(const std::u16string& file, Problems& problems) const;
+
+    /// The settings of an input file; what cannot be read is among its problems.
+    LoadedSettings Load(const std::u16string& file) const;
 
     /// Writes what was asked for to the output, as it is.
-    void Out(std::u16string_view text) const { environment_.console.Out(text); }
+    void Out(std::u16string_view text);
 
     /// Writes a line to the error output, the program's name before it.
-    void Err(std::u16string_view line) const;
+    void Err(std::u16string_view line);
+
+    /// Writes problems to the error output.
+    void Tell(const Problems& problems);
 
     /// Tells the problems, or without any what was done, a line without its end. Returns the exit
     /// code.
-    int Finish(const Problems& problems, std::u16string_view done) const;
+    int Finish(const Problems& problems, std::u16string_view done);
+
+    /// False when not everything that was asked for could be written to the output.
+    bool OutputIsWhole() const { return outputIsWhole_; }
 
 private:
     ConfiguratorEnvironment environment_;
     bool quiet_;
+    bool outputIsWhole_ = true;
 };
+
+/// True when an argument stands for the standard input or output: "-" or the name of its device.
+bool IsStandardInput(std::u16string_view file);
+bool IsStandardOutput(std::u16string_view file);
 
 }  // namespace tarvex

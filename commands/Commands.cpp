@@ -5,13 +5,13 @@
 #include "commands/CommandLine.h"
 #include "commands/ManPage.h"
 #include "commands/Verbs.h"
-#include "errors/RaisedError.h"
+#include "configurator/FileTexts.h"
 #include "resources/Version.h"
 
 namespace tarvex {
 namespace {
 
-int Help(const CommandContext& context, const CommandLine& line) {
+int Help(CommandContext& context, const CommandLine& line) {
     if (line.arguments.empty()) {
         context.Out(GeneralHelp());
         return kDone;
@@ -25,7 +25,7 @@ int Help(const CommandContext& context, const CommandLine& line) {
     return kDone;
 }
 
-int Completion(const CommandContext& context, const CommandLine& line) {
+int Completion(CommandContext& context, const CommandLine& line) {
     if (line.arguments[0] != u"bash") {
         context.Err(u"Für die Shell '" + line.arguments[0] +
                     u"' gibt es keine Vervollständigung, nur für bash.");
@@ -35,7 +35,7 @@ int Completion(const CommandContext& context, const CommandLine& line) {
     return kDone;
 }
 
-int Execute(const CommandContext& context, const CommandLine& line) {
+int Execute(CommandContext& context, const CommandLine& line) {
     switch (line.command) {
         case CommandKind::Brand:
             return Brand(context, line);
@@ -75,17 +75,23 @@ int Execute(const CommandContext& context, const CommandLine& line) {
 int RunCommand(const std::vector<std::u16string>& arguments,
                const ConfiguratorEnvironment& environment) {
     const CommandLine line = ParseCommandLine(arguments);
-    const CommandContext context(environment, line.Has(Option::Quiet));
+    CommandContext context(environment, line.Has(Option::Quiet));
     if (!line.usageError.empty()) {
         context.Err(line.usageError);
         return kWrongUsage;
     }
+    int code = kFailed;
     try {
-        return Execute(context, line);
+        code = Execute(context, line);
     } catch (...) {
         const std::u16string file = line.arguments.empty() ? u"" : line.arguments[0];
-        return context.Finish({{file, 0, {}, CurrentError().description}}, {});
+        context.Tell({{file, 0, {}, CaughtText()}});
     }
+    if (!context.OutputIsWhole()) {
+        context.Err(u"Die Ausgabe kann nicht geschrieben werden.");
+        return kFailed;
+    }
+    return code;
 }
 
 }  // namespace tarvex

@@ -8,7 +8,7 @@ namespace tarvex {
 namespace {
 
 /// The value that is typed or piped in for a field; the reason in `problem` when there is none.
-std::u16string AskFor(const CommandContext& context, const BrandField& field, bool allowEmpty,
+std::u16string AskFor(CommandContext& context, const BrandField& field, bool allowEmpty,
                       std::u16string& problem) {
     Console& console = context.GetConsole();
     const std::u16string name(field.name);
@@ -30,7 +30,7 @@ std::u16string AskFor(const CommandContext& context, const BrandField& field, bo
 
 }  // namespace
 
-Problems EnterSettings(const CommandContext& context, const std::vector<Assignment>& assignments,
+Problems EnterSettings(CommandContext& context, const std::vector<Assignment>& assignments,
                        std::u16string_view place, bool allowEmpty, Settings& settings) {
     Problems problems;
     std::set<std::int32_t> given;

@@ -26,7 +26,7 @@ std::u16string LineOf(const BrandField& field, std::size_t nameWidth, const Text
 
 }  // namespace
 
-int Fields(const CommandContext& context, const CommandLine& line) {
+int Fields(CommandContext& context, const CommandLine& line) {
     const auto longest = std::max_element(
         kBrandFields.begin(), kBrandFields.end(),
         [](const BrandField& a, const BrandField& b) { return a.name.size() < b.name.size(); });

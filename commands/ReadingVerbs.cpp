@@ -1,15 +1,10 @@
 #include "commands/Json.h"
 #include "commands/ShownSettings.h"
 #include "commands/Verbs.h"
-#include "configurator/SettingsSource.h"
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
-
-LoadedSettings Load(const CommandContext& context, const std::u16string& file) {
-    return LoadSettings(context.ReadInput(file), file, context.Codec());
-}
 
 std::u16string JsonOf(const CommandLine& line, const LoadedSettings& loaded, bool all) {
     std::u16string members;
@@ -27,9 +22,9 @@ std::u16string JsonOf(const CommandLine& line, const LoadedSettings& loaded, boo
 
 }  // namespace
 
-int Get(const CommandContext& context, const CommandLine& line) {
+int Get(CommandContext& context, const CommandLine& line) {
     const std::u16string& file = line.arguments[0];
-    LoadedSettings loaded = Load(context, file);
+    LoadedSettings loaded = context.Load(file);
     Problems& problems = loaded.problems;
     std::u16string out;
     for (std::size_t i = 1; i < line.arguments.size(); ++i) {
@@ -51,9 +46,9 @@ int Get(const CommandContext& context, const CommandLine& line) {
     return context.Finish(problems, {});
 }
 
-int Show(const CommandContext& context, const CommandLine& line) {
+int Show(CommandContext& context, const CommandLine& line) {
     const std::u16string& file = line.arguments[0];
-    const LoadedSettings loaded = Load(context, file);
+    const LoadedSettings loaded = context.Load(file);
     const bool readable = !loaded.settings.Entries().empty() || loaded.problems.empty();
     if (readable && line.Has(Option::Json)) {
         context.Out(JsonOf(line, loaded, line.Has(Option::All)));
@@ -73,9 +68,9 @@ int Show(const CommandContext& context, const CommandLine& line) {
     return context.Finish(loaded.problems, {});
 }
 
-int Diff(const CommandContext& context, const CommandLine& line) {
-    LoadedSettings before = Load(context, line.arguments[0]);
-    LoadedSettings after = Load(context, line.arguments[1]);
+int Diff(CommandContext& context, const CommandLine& line) {
+    LoadedSettings before = context.Load(line.arguments[0]);
+    LoadedSettings after = context.Load(line.arguments[1]);
     Append(before.problems, std::move(after.problems));
     if (!before.problems.empty()) {
         return context.Finish(before.problems, {});

@@ -4,28 +4,33 @@
 #include <cerrno>
 
 #include "commands/SystemConsole.h"
+#include "platform/posix/PosixCleanup.h"
+#include "platform/posix/PosixFile.h"
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
 
-void WriteAll(int file, std::u16string_view text) {
+bool WriteAll(int file, std::u16string_view text) {
     const std::string utf8 = text::ToUtf8(text);
     std::string_view rest = utf8;
     while (!rest.empty()) {
         const ssize_t written = write(file, rest.data(), rest.size());
         if (written < 0 && errno != EINTR) {
-            return;
+            return false;
         }
         rest.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
     }
+    return true;
 }
 
-/// Keeps what is typed off the screen; does nothing when the input is not a terminal.
+/// Keeps what is typed off the screen, until an interruption at the latest; does nothing when the
+/// input is not a terminal.
 class EchoOff {
 public:
     explicit EchoOff(int file) : file_(file), isTerminal_(tcgetattr(file, &before_) == 0) {
         if (isTerminal_) {
+            RestoreTerminalOnInterrupt(file_, &before_);
             termios silent = before_;
             silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
             tcsetattr(file_, TCSAFLUSH, &silent);
@@ -36,6 +41,7 @@ public:
     ~EchoOff() {
         if (isTerminal_) {
             tcsetattr(file_, TCSAFLUSH, &before_);
+            RestoreTerminalOnInterrupt(file_, nullptr);
         }
     }
 
@@ -49,12 +55,12 @@ private:
 
 }  // namespace
 
-void SystemConsole::Out(std::u16string_view text) {
-    WriteAll(STDOUT_FILENO, text);
+bool SystemConsole::Out(std::u16string_view text) {
+    return WriteAll(STDOUT_FILENO, text);
 }
 
-void SystemConsole::Err(std::u16string_view text) {
-    WriteAll(STDERR_FILENO, text);
+bool SystemConsole::Err(std::u16string_view text) {
+    return WriteAll(STDERR_FILENO, text);
 }
 
 bool SystemConsole::IsInteractive() const {
@@ -95,6 +101,10 @@ std::optional<std::u16string> SystemConsole::ReadSecretLine(std::u16string_view 
         line.pop_back();
     }
     return text::FromUtf8(line);
+}
+
+std::string SystemConsole::ReadInput() {
+    return ReadToEnd(STDIN_FILENO);
 }
 
 }  // namespace tarvex

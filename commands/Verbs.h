@@ -7,17 +7,17 @@ namespace tarvex {
 
 // One function for each command. It returns the exit code; what the system refuses is raised.
 
-int Brand(const CommandContext& context, const CommandLine& line);
-int Set(const CommandContext& context, const CommandLine& line);
-int Unset(const CommandContext& context, const CommandLine& line);
+int Brand(CommandContext& context, const CommandLine& line);
+int Set(CommandContext& context, const CommandLine& line);
+int Unset(CommandContext& context, const CommandLine& line);
 
-int Get(const CommandContext& context, const CommandLine& line);
-int Show(const CommandContext& context, const CommandLine& line);
-int Diff(const CommandContext& context, const CommandLine& line);
-int Export(const CommandContext& context, const CommandLine& line);
-int Check(const CommandContext& context, const CommandLine& line);
+int Get(CommandContext& context, const CommandLine& line);
+int Show(CommandContext& context, const CommandLine& line);
+int Diff(CommandContext& context, const CommandLine& line);
+int Export(CommandContext& context, const CommandLine& line);
+int Check(CommandContext& context, const CommandLine& line);
 
-int Fields(const CommandContext& context, const CommandLine& line);
-int Presets(const CommandContext& context, const CommandLine& line);
+int Fields(CommandContext& context, const CommandLine& line);
+int Presets(CommandContext& context, const CommandLine& line);
 
 }  // namespace tarvex

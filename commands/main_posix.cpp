@@ -1,13 +1,15 @@
 #include "commands/Commands.h"
 #include "commands/SystemConsole.h"
+#include "platform/posix/PosixCleanup.h"
+#include "platform/posix/PosixFile.h"
 #include "platform/posix/PosixFileStore.h"
-#include "text/Text.h"
 #include "text/TextCodec1252.h"
 
 int main(int argc, char** argv) {
+    tarvex::PreparePosixProgram();
     std::vector<std::u16string> arguments;
     for (int i = 1; i < argc; ++i) {
-        arguments.push_back(tarvex::text::FromUtf8(argv[i]));
+        arguments.push_back(tarvex::PosixText(argv[i]));
     }
     tarvex::PosixFileStore store;
     // The launcher reads its settings in the code page of the Windows that it runs on. There is

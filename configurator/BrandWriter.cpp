@@ -7,6 +7,7 @@
 #include "branding/StoredValue.h"
 #include "branding/cuBrand.h"
 #include "configurator/FileCopy.h"
+#include "configurator/FileTexts.h"
 #include "errors/RaisedError.h"
 #include "text/Text.h"
 
@@ -44,22 +45,30 @@ std::string Unchangeable(std::string_view bytes, const LauncherImage& places) {
 }  // namespace
 
 Problems BrandWriter::Brand(std::u16string_view source, std::u16string_view output,
-                            const Settings& settings) {
+                            const Settings& settings, const OutputRules& rules) {
     Settings all = settings;
     for (const BrandField& field : kBrandFields) {
         if (!all.Has(field.number)) {
             all.Set(field.number, {});
         }
     }
-    return Write(Purpose::Brand, source, output, all);
+    OutputRules ofBrand = rules;
+    ofBrand.inputs.emplace_back(source);
+    ofBrand.access.model = source;
+    return Write(Purpose::Brand, source, output, all, ofBrand);
 }
 
 Problems BrandWriter::Change(std::u16string_view file, const Settings& changes) {
-    return Write(Purpose::Change, file, file, changes);
+    Problems problems;
+    const std::unique_ptr<FileLock> lock = LockForChange(store_, file, problems);
+    if (lock == nullptr) {
+        return problems;
+    }
+    return Write(Purpose::Change, file, file, changes, {.force = true, .held = lock.get()});
 }
 
 Problems BrandWriter::Write(Purpose purpose, std::u16string_view source, std::u16string_view output,
-                            const Settings& settings) {
+                            const Settings& settings, const OutputRules& rules) {
     std::u16string_view place = source;
     try {
         const std::string bytes = store_.ReadAll(source);
@@ -77,21 +86,24 @@ Problems BrandWriter::Write(Purpose purpose, std::u16string_view source, std::u1
             return problems;
         }
         place = output;
-        return WriteCopy(purpose, bytes, image, output, settings);
+        return WriteCopy(purpose, bytes, image, output, settings, rules);
     } catch (...) {
-        return {{std::u16string(place), 0, {}, CurrentError().description}};
+        return {{std::u16string(place), 0, {}, CaughtText()}};
     }
 }
 
 Problems BrandWriter::WriteCopy(Purpose purpose, const std::string& bytes,
                                 const LauncherImage& image, std::u16string_view output,
-                                const Settings& settings) {
+                                const Settings& settings, const OutputRules& rules) {
+    Problems problems = CheckOutput(store_, output, rules);
+    if (!problems.empty()) {
+        return problems;
+    }
     FileCopy copy(store_, output, bytes);
     SaveWithCuBrand(purpose, copy.Path(), image, settings);
-    Problems problems =
-        CompareBranded(bytes, store_.ReadAll(copy.Path()), settings, output, codec_);
+    problems = CompareBranded(bytes, store_.ReadAll(copy.Path()), settings, output, codec_);
     if (problems.empty()) {
-        copy.Replace(output);
+        problems = copy.Place(output, rules, notes_);
     }
     return problems;
 }

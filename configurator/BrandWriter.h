@@ -5,6 +5,7 @@
 
 #include "configurator/LauncherImage.h"
 #include "configurator/Model.h"
+#include "configurator/OutputFile.h"
 #include "platform/FileStore.h"
 
 namespace tarvex {
@@ -19,25 +20,33 @@ public:
     BrandWriter(FileStore& store, const TextCodec& codec) : store_(store), codec_(codec) {}
 
     /// Makes `output` from the not yet branded program `source` with these settings; fields that
-    /// are not set stay empty. Returns what went wrong, nothing when it is done.
-    Problems Brand(std::u16string_view source, std::u16string_view output,
-                   const Settings& settings);
+    /// are not set stay empty. `source` is always among the inputs of the rules, and gives a new
+    /// output its permissions. Returns what went wrong, nothing when it is done.
+    Problems Brand(std::u16string_view source, std::u16string_view output, const Settings& settings,
+                   const OutputRules& rules);
 
     /// Changes the fields that are set in `changes`, and no other, in a branded or unbranded file.
+    /// From reading it to replacing it no other run changes the file.
     Problems Change(std::u16string_view file, const Settings& changes);
+
+    /// What the user should know of files that were written all the same: an owner or hard links
+    /// that could not be kept.
+    const Problems& Notes() const { return notes_; }
 
 private:
     enum class Purpose { Brand, Change };
 
     Problems Write(Purpose purpose, std::u16string_view source, std::u16string_view output,
-                   const Settings& settings);
+                   const Settings& settings, const OutputRules& rules);
     Problems WriteCopy(Purpose purpose, const std::string& bytes, const LauncherImage& image,
-                       std::u16string_view output, const Settings& settings);
+                       std::u16string_view output, const Settings& settings,
+                       const OutputRules& rules);
     void SaveWithCuBrand(Purpose purpose, std::u16string_view file, const LauncherImage& image,
                          const Settings& settings);
 
     FileStore& store_;
     const TextCodec& codec_;
+    Problems notes_;
 };
 
 /// The plain values of all fields of a launcher; a value that cannot be read is a problem and is

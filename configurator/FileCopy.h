@@ -3,12 +3,13 @@
 #include <string>
 #include <string_view>
 
+#include "configurator/OutputFile.h"
 #include "platform/FileStore.h"
 
 namespace tarvex {
 
-/// A new file beside the one that it is to replace; it goes with this object unless it has taken
-/// that one's place. Constructor and Replace throw what the store throws; the target is then as it
+/// A new file beside the one that it is to become; it goes with this object unless it has taken
+/// that one's place. Constructor and Place throw what the store throws; the target is then as it
 /// was.
 class FileCopy {
 public:
@@ -29,9 +30,13 @@ public:
 
     const std::u16string& Path() const { return path_; }
 
-    void Replace(std::u16string_view target) {
-        store_.ReplaceWith(path_, target);
-        path_.clear();
+    /// As PlaceOutput.
+    Problems Place(std::u16string_view target, const OutputRules& rules, Problems& notes) {
+        Problems problems = PlaceOutput(store_, path_, target, rules, notes);
+        if (problems.empty()) {
+            path_.clear();
+        }
+        return problems;
     }
 
 private:

@@ -18,8 +18,13 @@ RuntimeError ErrorOf(FileProblem problem) {
         case FileProblem::PathNotFound:
             return RuntimeError::PathNotFound;
         case FileProblem::AccessDenied:
+        case FileProblem::IsFolder:
+        case FileProblem::NotAFile:
+        case FileProblem::ReadOnlyMedium:
+        case FileProblem::Exists:
             return RuntimeError::PathFileAccess;
         case FileProblem::InUse:
+        case FileProblem::Locked:
             return RuntimeError::PermissionDenied;
         case FileProblem::DiskFull:
             return RuntimeError::DiskFull;

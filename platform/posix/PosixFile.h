@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <cstddef>
@@ -18,7 +19,8 @@ public:
     /// file.
     PosixFile(const std::string& path, int flags);
 
-    /// Creates a file for writing; none when there is one of that name. Throws FileFailure.
+    /// Creates a file for writing that is its owner's alone; none when there is one of that name.
+    /// Throws FileFailure.
     static std::optional<PosixFile> CreateNew(const std::string& path);
 
     PosixFile(PosixFile&& other) noexcept;
@@ -26,6 +28,8 @@ public:
     ~PosixFile();
 
     int Get() const { return descriptor_; }
+
+    struct stat Status() const;
 
     /// From the file's position on, until `count` bytes are there or the file ends.
     std::string ReadUpTo(std::size_t count) const;
@@ -40,13 +44,26 @@ private:
     int descriptor_;
 };
 
-/// The path in UTF-8. Throws FileFailure when it is empty or holds a zero character.
+/// What an open descriptor of any kind gives up to its end. Throws FileFailure.
+std::string ReadToEnd(int descriptor);
+
+/// The path as the system takes it: UTF-8, and a lone low surrogate from U+DC80 to U+DCFF as the
+/// one byte that PosixText made it of. Throws FileFailure when it is empty or holds a zero
+/// character.
 std::string PosixPath(std::u16string_view path);
+
+/// A name that the system gave, whose bytes need not be UTF-8. What is not becomes, byte by byte,
+/// a lone low surrogate from U+DC80 to U+DCFF: text that no name in UTF-8 can be, from which
+/// PosixPath gets the bytes back, and which messages show as U+FFFD.
+std::u16string PosixText(std::string_view bytes);
 
 /// The folder's part of a path, with its closing "/"; empty for a bare file name.
 std::string FolderPrefix(const std::string& path);
 
 /// The failure that errno stands for, of an operation on `path`.
 FileFailure PosixFailure(int error, const std::string& path = {});
+
+/// Throws FileFailure unless it is the status of a regular file.
+void RequireRegular(const struct stat& status);
 
 }  // namespace tarvex

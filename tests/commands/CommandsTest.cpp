@@ -72,11 +72,11 @@ TEST_F(CommandsTest, SetOptionGoesBeforeTheFile) {
 
 TEST_F(CommandsTest, MissingFilesAreReported) {
     EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"K.exe", u"--settings", u"fehlt.ini"}), 1);
-    EXPECT_EQ(console_.err, u"tarvexcf: fehlt.ini: Datei nicht gefunden\n");
+    EXPECT_EQ(console_.err, u"tarvexcf: fehlt.ini: Die Datei ist nicht vorhanden.\n");
     EXPECT_EQ(world_.Run({u"show", u"fehlt.exe"}), 1);
-    EXPECT_EQ(console_.err, u"tarvexcf: fehlt.exe: Datei nicht gefunden\n");
+    EXPECT_EQ(console_.err, u"tarvexcf: fehlt.exe: Die Datei ist nicht vorhanden.\n");
     EXPECT_EQ(world_.Run({u"set", u"fehlt.exe", u"Cmd=x"}), 1);
-    EXPECT_EQ(console_.err, u"tarvexcf: fehlt.exe: Datei nicht gefunden\n");
+    EXPECT_EQ(console_.err, u"tarvexcf: fehlt.exe: Die Datei ist nicht vorhanden.\n");
 }
 
 TEST_F(CommandsTest, SetChangesBrandedAndUnbrandedFiles) {

@@ -13,8 +13,15 @@ namespace tarvex {
 
 class FakeConsole : public Console {
 public:
-    void Out(std::u16string_view text) override { out += text; }
-    void Err(std::u16string_view text) override { err += text; }
+    bool Out(std::u16string_view text) override {
+        out += text;
+        return !outputIsFull;
+    }
+    bool Err(std::u16string_view text) override {
+        err += text;
+        return true;
+    }
+    bool IsInteractive() const override { return interactive; }
     std::optional<std::u16string> ReadSecretLine(std::u16string_view prompt) override {
         prompts.emplace_back(prompt);
         if (input.empty()) {
@@ -24,11 +31,14 @@ public:
         input.pop_front();
         return line;
     }
-    bool IsInteractive() const override { return interactive; }
 
-    bool interactive = false;
+    std::string ReadInput() override { return inputBytes; }
+
     std::u16string out;
     std::u16string err;
+    std::string inputBytes;
+    bool interactive = false;
+    bool outputIsFull = false;
     std::deque<std::u16string> input;
     std::vector<std::u16string> prompts;
 };

@@ -32,7 +32,7 @@ TEST_F(BrandWriterTest, ValuesAreStoredScrambledAndTheTemplateStays) {
     Settings settings;
     settings.Set(kFieldDBFilename, u"Daten.mdt");
     settings.Set(kFieldPwd, u"ab");
-    EXPECT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings).empty());
+    EXPECT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings, {.force = true}).empty());
     EXPECT_EQ(world_.files.Bytes(u"T.exe"), before);
     const std::string& after = world_.files.Bytes(u"K.exe");
     EXPECT_EQ(after.size(), before.size());
@@ -45,8 +45,8 @@ TEST_F(BrandWriterTest, ValuesAreStoredScrambledAndTheTemplateStays) {
 TEST_F(BrandWriterTest, SameInputGivesSameBytes) {
     Settings settings;
     settings.Set(kFieldAppName, u"Kunden");
-    Writer().Brand(u"T.exe", u"A.exe", settings);
-    Writer().Brand(u"T.exe", u"B.exe", settings);
+    Writer().Brand(u"T.exe", u"A.exe", settings, {.force = true});
+    Writer().Brand(u"T.exe", u"B.exe", settings, {.force = true});
     EXPECT_EQ(world_.files.Bytes(u"A.exe"), world_.files.Bytes(u"B.exe"));
 }
 
@@ -54,7 +54,7 @@ TEST_F(BrandWriterTest, BrandEmptiesWhatATemplateHolds) {
     SyntheticLauncher launcher;
     launcher.Mark(u"Cmd").value = u"rest";
     world_.files.AddFile(u"T.exe", launcher.Build());
-    EXPECT_TRUE(Writer().Brand(u"T.exe", u"K.exe", {}).empty());
+    EXPECT_TRUE(Writer().Brand(u"T.exe", u"K.exe", {}, {.force = true}).empty());
     EXPECT_EQ(Written(u"K.exe").Value(kFieldCmd), u"");
 }
 
@@ -93,7 +93,7 @@ TEST_F(BrandWriterTest, BrandedTemplateIsRefused) {
     SyntheticLauncher launcher;
     launcher.marker = u"@#BRANDED1#@";
     world_.files.AddFile(u"T.exe", launcher.Build());
-    const Problems problems = Writer().Brand(u"T.exe", u"K.exe", {});
+    const Problems problems = Writer().Brand(u"T.exe", u"K.exe", {}, {.force = true});
     ASSERT_EQ(problems.size(), 1U);
     EXPECT_EQ(ProblemLine(problems[0]),
               u"T.exe: Das Startprogramm ist bereits konfiguriert; 'brand' braucht ein "
@@ -111,7 +111,8 @@ TEST_F(BrandWriterTest, FileThatWouldBeDamagedIsNotWritten) {
     changes.Set(kFieldFileID, u"42");
     EXPECT_FALSE(Writer().Change(u"K.exe", changes).empty());
     EXPECT_EQ(world_.files.Bytes(u"K.exe"), before);
-    EXPECT_EQ(world_.store.log, std::vector<std::u16string>({u"read K.exe"}));
+    EXPECT_EQ(world_.store.log,
+              std::vector<std::u16string>({u"lock K.exe", u"read K.exe", u"unlock K.exe"}));
 }
 
 TEST_F(BrandWriterTest, WhateverCallFailsTheOldFileStaysAndNoCopyIsLeft) {
@@ -123,8 +124,8 @@ TEST_F(BrandWriterTest, WhateverCallFailsTheOldFileStaysAndNoCopyIsLeft) {
             ConfiguratorWorld world;
             world.files.AddFile(u"K.exe", "alt");
             (inStore ? world.store.failCall : world.files.failCall) = call;
-            const Problems problems =
-                BrandWriter(world.store, world.codec).Brand(u"T.exe", u"K.exe", settings);
+            const Problems problems = BrandWriter(world.store, world.codec)
+                                          .Brand(u"T.exe", u"K.exe", settings, {.force = true});
             EXPECT_EQ(world.store.LeftBehind(), 0U) << call;
             const std::size_t calls = inStore ? world.store.log.size() : world.files.log.size();
             if (calls < call) {
@@ -147,7 +148,7 @@ TEST_F(BrandWriterTest, WhateverCallFailsTheOldFileStaysAndNoCopyIsLeft) {
 TEST_F(BrandWriterTest, ComparisonFindsEveryDamage) {
     Settings settings;
     settings.Set(kFieldFileID, u"42");
-    ASSERT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings).empty());
+    ASSERT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings, {.force = true}).empty());
     const std::string before = world_.files.Bytes(u"T.exe");
     const std::string good = world_.files.Bytes(u"K.exe");
     const LauncherImage image = LauncherImage::Read(good, {});
@@ -209,7 +210,7 @@ TEST_F(BrandWriterTest, EveryValueIsReadBackEqualOrRefusedWithAReason) {
             settings.Set(field.number, result.value);
             ++accepted;
         }
-        ASSERT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings).empty()) << seed;
+        ASSERT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings, {.force = true}).empty()) << seed;
         const Settings written = Written(u"K.exe");
         for (const BrandField& field : kBrandFields) {
             EXPECT_EQ(written.Value(field.number), settings.Value(field.number))
@@ -243,7 +244,7 @@ TEST_F(BrandWriterTest, ValuesThatBeginAndEndWithAnyCharacterComeBack) {
             EXPECT_EQ(value.problem.empty(), !isRefused) << code << ' ' << fields[i]->number;
             settings.Set(fields[i]->number, value.value);
         }
-        ASSERT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings).empty()) << round;
+        ASSERT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings, {.force = true}).empty()) << round;
         const Settings written = Written(u"K.exe");
         for (const BrandField* field : fields) {
             EXPECT_EQ(written.Value(field->number), settings.Value(field->number))

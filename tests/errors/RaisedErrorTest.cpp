@@ -66,13 +66,15 @@ TEST_P(FileFailureTest, BecomesARuntimeError) {
 
 INSTANTIATE_TEST_SUITE_P(
     Problems, FileFailureTest,
-    testing::Values(FileFailureCase{FileProblem::NotFound, 53, u"Datei nicht gefunden"},
-                    FileFailureCase{FileProblem::PathNotFound, 76, u"Pfad nicht gefunden"},
-                    FileFailureCase{FileProblem::AccessDenied, 75,
-                                    u"Fehler beim Zugriff auf Pfad/Datei"},
-                    FileFailureCase{FileProblem::InUse, 70, u"Zugriff verweigert"},
-                    FileFailureCase{FileProblem::DiskFull, 61, u"Datenträger voll"},
-                    FileFailureCase{FileProblem::Device, 57, u"E/A-Fehler"}));
+    testing::Values(
+        FileFailureCase{FileProblem::NotFound, 53, u"Datei nicht gefunden"},
+        FileFailureCase{FileProblem::PathNotFound, 76, u"Pfad nicht gefunden"},
+        FileFailureCase{FileProblem::AccessDenied, 75, u"Fehler beim Zugriff auf Pfad/Datei"},
+        FileFailureCase{FileProblem::IsFolder, 75, u"Fehler beim Zugriff auf Pfad/Datei"},
+        FileFailureCase{FileProblem::InUse, 70, u"Zugriff verweigert"},
+        FileFailureCase{FileProblem::Locked, 70, u"Zugriff verweigert"},
+        FileFailureCase{FileProblem::DiskFull, 61, u"Datenträger voll"},
+        FileFailureCase{FileProblem::Device, 57, u"E/A-Fehler"}));
 
 TEST(CurrentErrorTest, ExceptionsOfTheLibraryBecomeRuntimeErrors) {
     EXPECT_EQ(ErrorFor(std::bad_alloc()).number, 7);

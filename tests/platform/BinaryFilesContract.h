@@ -98,7 +98,7 @@ TYPED_TEST_P(BinaryFilesContract, OpenNeverCreatesAFile) {
 
 TYPED_TEST_P(BinaryFilesContract, FolderCannotBeOpened) {
     this->world.MakeFolder(u"Ordner");
-    EXPECT_EQ(this->ProblemOfOpen(u"Ordner"), FileProblem::AccessDenied);
+    EXPECT_EQ(this->ProblemOfOpen(u"Ordner"), FileProblem::IsFolder);
 }
 
 REGISTER_TYPED_TEST_SUITE_P(BinaryFilesContract, OnlyFilesExist, ReadsFromThePositionOnUpToTheEnd,

@@ -81,6 +81,11 @@ const std::string& FakeBinaryFiles::Bytes(std::u16string_view path) const {
     return node->bytes;
 }
 
+bool FakeBinaryFiles::IsFolder(std::u16string_view path) const {
+    const Node* const node = Find(path);
+    return node != nullptr && node->isFolder;
+}
+
 bool FakeBinaryFiles::FileExists(std::u16string_view path) const {
     Record(u"exists " + std::u16string(path));
     const Node* const node = Find(path);
@@ -93,7 +98,10 @@ std::unique_ptr<BinaryFile> FakeBinaryFiles::Open(std::u16string_view path) {
     if (node == nullptr) {
         throw FileFailure{FileProblem::NotFound};
     }
-    if (node->isFolder || node->readOnly) {
+    if (node->isFolder) {
+        throw FileFailure{FileProblem::IsFolder};
+    }
+    if (node->readOnly) {
         throw FileFailure{FileProblem::AccessDenied};
     }
     return std::make_unique<FakeBinaryFile>(*this, nodes_.at(Key(path)));

@@ -22,6 +22,9 @@ public:
     /// The content of a file, which must exist; not recorded in `log`.
     const std::string& Bytes(std::u16string_view path) const;
 
+    /// Not recorded in `log`.
+    bool IsFolder(std::u16string_view path) const;
+
     bool FileExists(std::u16string_view path) const override;
     std::unique_ptr<BinaryFile> Open(std::u16string_view path) override;
 
