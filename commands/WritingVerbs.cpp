@@ -67,7 +67,10 @@ void ShowChanges(CommandContext& context, const Settings& before, const Settings
 int Change(CommandContext& context, const CommandLine& line, const Settings& changes) {
     const std::u16string& file = line.arguments[0];
     if (line.Has(Option::DryRun)) {
-        const LoadedSettings loaded = context.Load(file);
+        LoadedSettings loaded = context.Load(file);
+        if (loaded.problems.empty()) {
+            loaded.problems = BrandWriter(context.Store(), context.Codec()).CheckChange(file);
+        }
         if (loaded.problems.empty()) {
             ShowChanges(context, loaded.settings, changes);
         }
@@ -92,6 +95,13 @@ int Brand(CommandContext& context, const CommandLine& line) {
     }
     Append(problems,
            EnterSettings(context, line.assignments, u"--set", line.Has(Option::Force), settings));
+    if (problems.empty() && line.Has(Option::DryRun)) {
+        problems = BrandWriter(context.Store(), context.Codec()).CheckBrand(line.arguments[0]);
+        if (problems.empty()) {
+            ShowChanges(context, {}, settings);
+        }
+        return context.Finish(problems, output + u" würde konfiguriert.");
+    }
     if (problems.empty()) {
         BrandWriter writer(context.Store(), context.Codec());
         problems = writer.Brand(line.arguments[0], output, settings, rules);

@@ -67,21 +67,43 @@ Problems BrandWriter::Change(std::u16string_view file, const Settings& changes) 
     return Write(Purpose::Change, file, file, changes, {.force = true, .held = lock.get()});
 }
 
+Problems BrandWriter::CheckBrand(std::u16string_view source) {
+    return CheckSource(Purpose::Brand, source);
+}
+
+Problems BrandWriter::CheckChange(std::u16string_view file) {
+    return CheckSource(Purpose::Change, file);
+}
+
+Problems BrandWriter::CheckSource(Purpose purpose, std::u16string_view source) {
+    try {
+        return Refusals(purpose, LauncherImage::Read(store_.ReadAll(source), source), source);
+    } catch (...) {
+        return {{std::u16string(source), 0, {}, CaughtText()}};
+    }
+}
+
+Problems BrandWriter::Refusals(Purpose purpose, const LauncherImage& image,
+                               std::u16string_view source) {
+    Problems problems = image.ReadProblems();
+    Append(problems, image.ChangeProblems());
+    if (purpose == Purpose::Brand && image.IsBranded()) {
+        problems.push_back({std::u16string(source),
+                            0,
+                            {},
+                            u"Das Startprogramm ist bereits konfiguriert; 'brand' braucht ein "
+                            u"unkonfiguriertes. Einzelne Werte ändert 'set'."});
+    }
+    return problems;
+}
+
 Problems BrandWriter::Write(Purpose purpose, std::u16string_view source, std::u16string_view output,
                             const Settings& settings, const OutputRules& rules) {
     std::u16string_view place = source;
     try {
         const std::string bytes = store_.ReadAll(source);
         const LauncherImage image = LauncherImage::Read(bytes, source);
-        Problems problems = image.ReadProblems();
-        Append(problems, image.ChangeProblems());
-        if (purpose == Purpose::Brand && image.IsBranded()) {
-            problems.push_back({std::u16string(source),
-                                0,
-                                {},
-                                u"Das Startprogramm ist bereits konfiguriert; 'brand' braucht ein "
-                                u"unkonfiguriertes. Einzelne Werte ändert 'set'."});
-        }
+        const Problems problems = Refusals(purpose, image, source);
         if (!problems.empty()) {
             return problems;
         }

@@ -29,6 +29,10 @@ public:
     /// From reading it to replacing it no other run changes the file.
     Problems Change(std::u16string_view file, const Settings& changes);
 
+    /// What Brand or Change would refuse the program for, without writing anything.
+    Problems CheckBrand(std::u16string_view source);
+    Problems CheckChange(std::u16string_view file);
+
     /// What the user should know of files that were written all the same: an owner or hard links
     /// that could not be kept.
     const Problems& Notes() const { return notes_; }
@@ -36,6 +40,9 @@ public:
 private:
     enum class Purpose { Brand, Change };
 
+    Problems CheckSource(Purpose purpose, std::u16string_view source);
+    static Problems Refusals(Purpose purpose, const LauncherImage& image,
+                             std::u16string_view source);
     Problems Write(Purpose purpose, std::u16string_view source, std::u16string_view output,
                    const Settings& settings, const OutputRules& rules);
     Problems WriteCopy(Purpose purpose, const std::string& bytes, const LauncherImage& image,

@@ -160,6 +160,197 @@ TEST_F(CommandsTest, CheckReportsBothFormAndSense) {
         u"ist.\n");
 }
 
+TEST_F(CommandsTest, GetGivesPlainValuesInTheOrderAskedFor) {
+    EXPECT_EQ(world_.Brand(u"AppName = Grün\nErrBoxText = a\n  b\nPwd = geheim\nUser = x\n"), 0);
+    EXPECT_EQ(world_.Run({u"get", u"K.exe", u"errboxtext", u"AppName", u"Cmd"}), 0);
+    EXPECT_EQ(console_.out, u"a\n b\nGrün\n\n");
+    EXPECT_EQ(console_.err, u"");
+    EXPECT_EQ(world_.Run({u"get", u"K.ini", u"AppName"}), 0);
+    EXPECT_EQ(console_.out, u"Grün\n");
+}
+
+TEST_F(CommandsTest, GetOfASecretOrAnUnknownNameGivesNothing) {
+    EXPECT_EQ(world_.Brand(u"AppName = x\nUser = Meier\nPwd = geheim\n"), 0);
+    EXPECT_EQ(world_.Run({u"get", u"K.exe", u"AppName", u"Pwd", u"Kmd"}), 1);
+    EXPECT_EQ(console_.out, u"");
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: K.exe, Pwd: Der Wert ist geheim; --reveal gibt ihn aus.\n"
+              u"tarvexcf: K.exe, Kmd: Unbekannter Name 'Kmd'; gemeint ist vielleicht Cmd.\n");
+    EXPECT_EQ(world_.Run({u"get", u"K.exe", u"Pwd", u"--reveal"}), 0);
+    EXPECT_EQ(console_.out, u"geheim\n");
+}
+
+TEST_F(CommandsTest, UnsetEmptiesTheNamedFieldsOnly) {
+    EXPECT_EQ(world_.Brand(u"AppName = x\nCmd = y\nLog = 1\n"), 0);
+    EXPECT_EQ(world_.Run({u"unset", u"K.exe", u"cmd", u"Log"}), 0);
+    EXPECT_EQ(console_.out, u"K.exe ist geändert.\n");
+    EXPECT_EQ(world_.Run({u"show", u"K.exe"}), 0);
+    EXPECT_EQ(console_.out, u"AppName = x\n");
+    EXPECT_EQ(world_.Run({u"unset", u"K.exe", u"AppName", u"Kmd"}), 1);
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: K.exe, Kmd: Unbekannter Name 'Kmd'; gemeint ist vielleicht Cmd.\n");
+    EXPECT_EQ(world_.Run({u"get", u"K.exe", u"AppName"}), 0);
+    EXPECT_EQ(console_.out, u"x\n");
+}
+
+TEST_F(CommandsTest, ShowOfAnUnbrandedProgramSaysSo) {
+    EXPECT_EQ(world_.Run({u"show", u"T.exe"}), 0);
+    EXPECT_EQ(console_.out, u"; T.exe ist noch nicht konfiguriert.\n");
+}
+
+TEST_F(CommandsTest, ShowAllHasEveryField) {
+    EXPECT_EQ(world_.Brand(u"AppName = x\n"), 0);
+    EXPECT_EQ(world_.Run({u"show", u"K.exe", u"--all"}), 0);
+    EXPECT_TRUE(console_.out.starts_with(u"AppName = x\nAccPath =\n"));
+    EXPECT_EQ(static_cast<std::size_t>(std::count(console_.out.begin(), console_.out.end(), u'\n')),
+              kBrandFields.size());
+}
+
+TEST_F(CommandsTest, DiffShowsWhatDiffersAndKeepsSecrets) {
+    EXPECT_EQ(world_.Brand(u"AppName = alt\nUser = Meier\nPwd = eins\nErrBoxText = a\n b\n"), 0);
+    world_.files.AddFile(u"N.ini", "AppName = neu\nUser = Meier\nPwd = zwei\nLog = 1\n");
+    EXPECT_EQ(world_.Run({u"diff", u"K.exe", u"N.ini"}), 1);
+    EXPECT_EQ(console_.out,
+              u"- AppName = alt\n+ AppName = neu\n"
+              u"- Pwd = <nicht angezeigt>\n+ Pwd = <nicht angezeigt>\n"
+              u"+ Log = 1\n"
+              u"- ErrBoxText = a\n-  b\n");
+    EXPECT_EQ(console_.err, u"");
+    EXPECT_EQ(world_.Run({u"diff", u"K.exe", u"N.ini", u"--quiet"}), 1);
+    EXPECT_EQ(console_.out, u"");
+    EXPECT_EQ(world_.Run({u"diff", u"K.ini", u"K.exe"}), 0);
+    EXPECT_EQ(console_.out, u"Kein Unterschied.\n");
+}
+
+TEST_F(CommandsTest, DiffNamesTheFileThatIsMissing) {
+    EXPECT_EQ(world_.Run({u"diff", u"T.exe", u"fehlt.ini"}), 1);
+    EXPECT_EQ(console_.err, u"tarvexcf: fehlt.ini: Die Datei ist nicht vorhanden.\n");
+}
+
+TEST_F(CommandsTest, ExportToTheOutputWritesNoFile) {
+    EXPECT_EQ(world_.Brand(u"AppName = Grün\nPwd = geheim\nUser = Meier\n"), 0);
+    for (const char16_t* output : {u"-", u"/dev/stdout"}) {
+        EXPECT_EQ(world_.Run({u"export", u"K.exe", output}), 0);
+        EXPECT_NE(console_.out.find(u"\r\nAppName = Grün\r\n"), std::u16string::npos);
+        EXPECT_NE(console_.out.find(u"\r\nPwd = geheim\r\n"), std::u16string::npos);
+        EXPECT_EQ(console_.out.find(u"ist geschrieben"), std::u16string::npos);
+        EXPECT_FALSE(world_.files.FileExists(output));
+    }
+}
+
+TEST_F(CommandsTest, ExportWithoutSecretsLeavesThemOut) {
+    EXPECT_EQ(world_.Brand(u"AppName = x\nPwd = geheim\nUser = Meier\nEditPwd = auch\n"), 0);
+    EXPECT_EQ(world_.Run({u"export", u"K.exe", u"-", u"--no-secrets"}), 0);
+    for (const char16_t* secret : {u"geheim", u"Meier", u"auch"}) {
+        EXPECT_EQ(console_.out.find(secret), std::u16string::npos) << text::ToUtf8(secret);
+    }
+    EXPECT_NE(console_.out.find(u"\r\nAppName = x\r\n"), std::u16string::npos);
+}
+
+TEST_F(CommandsTest, DryRunShowsTheChangeAndWritesNothing) {
+    EXPECT_EQ(world_.Brand(u"AppName = alt\nPwd = eins\nUser = x\n"), 0);
+    const std::string before = world_.files.Bytes(u"K.exe");
+    EXPECT_EQ(world_.Run({u"set", u"K.exe", u"AppName=neu", u"Pwd=zwei", u"--dry-run"}), 0);
+    EXPECT_EQ(console_.out,
+              u"- AppName = alt\n+ AppName = neu\n"
+              u"- Pwd = <nicht angezeigt>\n+ Pwd = <nicht angezeigt>\n"
+              u"K.exe würde geändert.\n");
+    EXPECT_EQ(world_.Run({u"unset", u"K.exe", u"AppName", u"--dry-run"}), 0);
+    EXPECT_EQ(console_.out, u"- AppName = alt\nK.exe würde geändert.\n");
+    EXPECT_EQ(world_.Run({u"export", u"K.exe", u"neu.ini", u"--dry-run"}), 0);
+    EXPECT_EQ(console_.out, u"neu.ini würde geschrieben.\n");
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"N.exe", u"--set", u"AppName=n", u"--settings",
+                          u"K.ini", u"--dry-run"}),
+              0)
+        << text::ToUtf8(console_.err);
+    EXPECT_EQ(console_.out,
+              u"+ AppName = n\n+ User = <nicht angezeigt>\n+ Pwd = <nicht angezeigt>\n"
+              u"N.exe würde konfiguriert.\n");
+    EXPECT_EQ(world_.files.Bytes(u"K.exe"), before);
+    EXPECT_FALSE(world_.files.FileExists(u"neu.ini"));
+    EXPECT_FALSE(world_.files.FileExists(u"N.exe"));
+}
+
+TEST_F(CommandsTest, DryRunRefusesWhatTheRealRunWould) {
+    world_.files.AddFile(u"K.ini", "AppName = x\n");
+    EXPECT_EQ(world_.Brand(u"AppName = x\n"), 0);
+    EXPECT_EQ(world_.Run({u"brand", u"K.exe", u"N.exe", u"--settings", u"K.ini", u"--dry-run"}), 1);
+    EXPECT_EQ(console_.out, u"");
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: K.exe: Das Startprogramm ist bereits konfiguriert; 'brand' braucht ein "
+              u"unkonfiguriertes. Einzelne Werte ändert 'set'.\n");
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"K.exe", u"--settings", u"K.ini", u"--dry-run"}), 1);
+    EXPECT_EQ(world_.Run({u"set", u"fehlt.exe", u"Cmd=x", u"--dry-run"}), 1);
+    EXPECT_EQ(console_.err, u"tarvexcf: fehlt.exe: Die Datei ist nicht vorhanden.\n");
+}
+
+TEST_F(CommandsTest, QuietLeavesOutWhatWentWell) {
+    world_.files.AddFile(u"K.ini", "DBFilename = a.mdb\nAccPath = .\n");
+    for (const std::vector<std::u16string>& arguments :
+         {std::vector<std::u16string>{u"brand", u"T.exe", u"K.exe", u"--settings", u"K.ini"},
+          {u"set", u"K.exe", u"AppName=x"},
+          {u"unset", u"K.exe", u"AppName"},
+          {u"export", u"K.exe", u"neu.ini"},
+          {u"check", u"K.exe"},
+          {u"diff", u"K.exe", u"K.ini"}}) {
+        std::vector<std::u16string> quiet = arguments;
+        quiet.emplace_back(u"--quiet");
+        EXPECT_EQ(world_.Run(quiet), 0) << text::ToUtf8(arguments[0] + console_.err);
+        EXPECT_EQ(console_.out + console_.err, u"") << text::ToUtf8(arguments[0]);
+    }
+}
+
+TEST_F(CommandsTest, OutputThatCannotBeWrittenIsAFailure) {
+    EXPECT_EQ(world_.Brand(u"AppName = x\n"), 0);
+    console_.outputIsFull = true;
+    for (const std::vector<std::u16string>& arguments :
+         {std::vector<std::u16string>{u"show", u"K.exe"},
+          {u"export", u"K.exe", u"-"},
+          {u"fields"},
+          {u"--help"},
+          {u"set", u"K.exe", u"AppName=y"}}) {
+        EXPECT_EQ(world_.Run(arguments), 1) << text::ToUtf8(arguments[0]);
+        EXPECT_EQ(console_.err, u"tarvexcf: Die Ausgabe kann nicht geschrieben werden.\n");
+    }
+}
+
+TEST_F(CommandsTest, SettingsFromTheStandardInput) {
+    console_.inputBytes =
+        "\xEF\xBB\xBF"
+        "AppName = Gr\xC3\xBCn\n";
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"K.exe", u"--settings", u"-"}), 0)
+        << text::ToUtf8(console_.err);
+    EXPECT_EQ(world_.Run({u"get", u"K.exe", u"AppName"}), 0);
+    EXPECT_EQ(console_.out, u"Grün\n");
+    console_.inputBytes = "Foo = 1\n";
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"L.exe", u"--settings", u"/dev/stdin"}), 1);
+    EXPECT_TRUE(console_.err.starts_with(u"tarvexcf: /dev/stdin, Zeile 1, Foo: Unbekannter Name"));
+}
+
+TEST_F(CommandsTest, TypedPasswordIsAskedForTwice) {
+    console_.interactive = true;
+    console_.input = {u"geheim", u"geheim"};
+    EXPECT_EQ(world_.Run({u"set", u"T.exe", u"Pwd=-"}), 0);
+    EXPECT_EQ(console_.prompts, std::vector<std::u16string>({u"Pwd: ", u"Pwd (noch einmal): "}));
+    console_.input = {u"geheim", u"gehiem"};
+    EXPECT_EQ(world_.Run({u"set", u"T.exe", u"Pwd=-"}), 1);
+    EXPECT_EQ(console_.err, u"tarvexcf: T.exe, Pwd: Die beiden Eingaben sind verschieden.\n");
+    EXPECT_EQ(world_.Run({u"get", u"T.exe", u"Pwd", u"--reveal"}), 0);
+    EXPECT_EQ(console_.out, u"geheim\n");
+}
+
+TEST_F(CommandsTest, EmptyLineIsAPasswordOnlyWithForce) {
+    EXPECT_EQ(world_.Run({u"set", u"T.exe", u"Pwd=alt"}), 0);
+    console_.input = {u""};
+    EXPECT_EQ(world_.Run({u"set", u"T.exe", u"Pwd=-"}), 1);
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: T.exe, Pwd: Die Eingabe ist leer; mit --force wird der Wert geleert.\n");
+    console_.input = {u""};
+    EXPECT_EQ(world_.Run({u"set", u"T.exe", u"Pwd=-", u"--force"}), 0);
+    EXPECT_EQ(world_.Run({u"get", u"T.exe", u"Pwd", u"--reveal"}), 0);
+    EXPECT_EQ(console_.out, u"\n");
+}
+
 TEST_F(CommandsTest, FileMayHaveTheNameOfACommand) {
     world_.files.AddFile(u"show", SyntheticLauncher().Build());
     EXPECT_EQ(world_.Run({u"set", u"show", u"Cmd=/x"}), 0) << text::ToUtf8(console_.err);
