@@ -16,7 +16,7 @@ def program():
 
 def test_all_fields_are_there_and_empty(program, programs, tmp_path):
     shutil.copyfile(programs.launcher, tmp_path / "T.exe")
-    result = program.run(tmp_path, "show", "T.exe", "--json")
+    result = program.run(tmp_path, "show", "T.exe", "--all", "--json")
     assert (result.code, result.err) == (0, "")
     shown = json.loads(result.out)
     assert shown["branded"] is False
