@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
 
 #include "commands/SystemConsole.h"
 #include "platform/posix/PosixCleanup.h"
@@ -104,7 +105,7 @@ std::optional<std::u16string> SystemConsole::ReadSecretLine(std::u16string_view 
 }
 
 std::string SystemConsole::ReadInput() {
-    return ReadToEnd(STDIN_FILENO);
+    return ReadUpTo(STDIN_FILENO, SIZE_MAX);
 }
 
 }  // namespace tarvex

@@ -1,7 +1,9 @@
 #include <algorithm>
 
 #include "commands/SystemConsole.h"
+#include "platform/win32/SystemFile.h"
 #include "platform/win32/WideText.h"
+#include "platform/win32/Win32Cleanup.h"
 #include "platform/win32/WindowsApi.h"
 #include "text/Text.h"
 
@@ -13,7 +15,7 @@ bool IsConsole(HANDLE handle) {
     return GetConsoleMode(handle, &mode) != 0;
 }
 
-void WriteToConsole(HANDLE handle, std::u16string_view text) {
+bool WriteToConsole(HANDLE handle, std::u16string_view text) {
     constexpr std::size_t kPiece = 4096;  // old systems refuse larger ones
     std::u16string wide(text::Replace(text, u"\n", u"\r\n"));
     for (std::size_t at = 0; at < wide.size(); at += kPiece) {
@@ -21,33 +23,21 @@ void WriteToConsole(HANDLE handle, std::u16string_view text) {
         DWORD written = 0;
         if (WriteConsoleW(handle, Wide(wide) + at, static_cast<DWORD>(count), &written, nullptr) ==
             0) {
-            return;
+            return false;
         }
     }
+    return true;
 }
 
-void Write(DWORD which, std::u16string_view text) {
+bool Write(DWORD which, std::u16string_view text) {
     const HANDLE handle = GetStdHandle(which);
-    if (IsConsole(handle)) {
-        WriteToConsole(handle, text);
-        return;
-    }
-    const std::string utf8 = text::ToUtf8(text);
-    std::string_view rest = utf8;
-    while (!rest.empty()) {
-        DWORD written = 0;
-        if (WriteFile(handle, rest.data(), static_cast<DWORD>(rest.size()), &written, nullptr) ==
-                0 ||
-            written == 0) {
-            return;
-        }
-        rest.remove_prefix(written);
-    }
+    return IsConsole(handle) ? WriteToConsole(handle, text) : WriteAll(handle, text::ToUtf8(text));
 }
 
 std::optional<std::u16string> ReadConsoleLine(HANDLE input) {
     DWORD mode = 0;
     GetConsoleMode(input, &mode);
+    RestoreConsoleOnInterrupt(input, mode);
     SetConsoleMode(input, (mode | ENABLE_LINE_INPUT | ENABLE_PROCESSED_INPUT) &
                               ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
     std::u16string line;
@@ -62,6 +52,7 @@ std::optional<std::u16string> ReadConsoleLine(HANDLE input) {
         line += unit;
     }
     SetConsoleMode(input, mode);
+    RestoreConsoleOnInterrupt(nullptr, 0);
     return any ? std::optional(line) : std::nullopt;
 }
 
@@ -82,12 +73,16 @@ std::optional<std::u16string> ReadRedirectedLine(HANDLE input) {
 
 }  // namespace
 
-void SystemConsole::Out(std::u16string_view text) {
-    Write(STD_OUTPUT_HANDLE, text);
+bool SystemConsole::Out(std::u16string_view text) {
+    return Write(STD_OUTPUT_HANDLE, text);
 }
 
-void SystemConsole::Err(std::u16string_view text) {
-    Write(STD_ERROR_HANDLE, text);
+bool SystemConsole::Err(std::u16string_view text) {
+    return Write(STD_ERROR_HANDLE, text);
+}
+
+bool SystemConsole::IsInteractive() const {
+    return IsConsole(GetStdHandle(STD_INPUT_HANDLE));
 }
 
 bool SystemConsole::IsInteractive() const {
@@ -109,6 +104,25 @@ std::optional<std::u16string> SystemConsole::ReadSecretLine(std::u16string_view 
         line->pop_back();
     }
     return line;
+}
+
+std::string SystemConsole::ReadInput() {
+    const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+    std::string bytes;
+    char piece[4096];
+    for (;;) {
+        DWORD got = 0;
+        if (ReadFile(input, piece, sizeof piece, &got, nullptr) == 0) {
+            if (GetLastError() == ERROR_BROKEN_PIPE) {
+                return bytes;  // how the end of a pipe is told
+            }
+            ThrowLastFileFailure();
+        }
+        if (got == 0) {
+            return bytes;
+        }
+        bytes.append(piece, got);
+    }
 }
 
 }  // namespace tarvex

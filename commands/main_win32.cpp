@@ -1,6 +1,7 @@
 #include "commands/Commands.h"
 #include "commands/SystemConsole.h"
 #include "platform/win32/WideText.h"
+#include "platform/win32/Win32Cleanup.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
@@ -8,6 +9,7 @@
 int main() {
     // A refused file or an empty drive is reported on the console, never in a box of the system.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    tarvex::PrepareWin32Program();
     int count = 0;
     wchar_t** list = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::u16string> arguments;

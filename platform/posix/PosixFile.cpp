@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
 
 #include "text/Text.h"
 
@@ -30,24 +29,6 @@ std::size_t LengthOfCharacter(std::string_view bytes) {
     const std::size_t length = first < 0x80 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
     const std::string_view character = bytes.substr(0, length);
     return text::ToUtf8(text::FromUtf8(character)) == character ? length : 0;
-}
-
-std::string ReadUpToFrom(int descriptor, std::size_t count) {
-    constexpr std::size_t kLargestPiece = std::size_t{1} << 20;
-    std::string bytes;
-    while (bytes.size() < count) {
-        const std::size_t had = bytes.size();
-        bytes.resize(had + std::min(count - had, kLargestPiece));
-        const ssize_t got = read(descriptor, bytes.data() + had, bytes.size() - had);
-        bytes.resize(had + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-        if (got < 0 && errno != EINTR) {
-            throw PosixFailure(errno);
-        }
-        if (got == 0) {
-            break;
-        }
-    }
-    return bytes;
 }
 
 }  // namespace
@@ -94,10 +75,6 @@ struct stat PosixFile::Status() const {
     return status;
 }
 
-std::string PosixFile::ReadUpTo(std::size_t count) const {
-    return ReadUpToFrom(descriptor_, count);
-}
-
 void PosixFile::WriteAll(std::string_view bytes) const {
     while (!bytes.empty()) {
         const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
@@ -114,8 +91,22 @@ void PosixFile::Flush() const {
     }
 }
 
-std::string ReadToEnd(int descriptor) {
-    return ReadUpToFrom(descriptor, SIZE_MAX);
+std::string ReadUpTo(int descriptor, std::size_t count) {
+    constexpr std::size_t kLargestPiece = std::size_t{1} << 20;
+    std::string bytes;
+    while (bytes.size() < count) {
+        const std::size_t had = bytes.size();
+        bytes.resize(had + std::min(count - had, kLargestPiece));
+        const ssize_t got = read(descriptor, bytes.data() + had, bytes.size() - had);
+        bytes.resize(had + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        if (got < 0 && errno != EINTR) {
+            throw PosixFailure(errno);
+        }
+        if (got == 0) {
+            break;
+        }
+    }
+    return bytes;
 }
 
 std::string PosixPath(std::u16string_view path) {

@@ -31,8 +31,6 @@ public:
 
     struct stat Status() const;
 
-    /// From the file's position on, until `count` bytes are there or the file ends.
-    std::string ReadUpTo(std::size_t count) const;
     void WriteAll(std::string_view bytes) const;
 
     /// Waits until the content is on the disk.
@@ -44,8 +42,9 @@ private:
     int descriptor_;
 };
 
-/// What an open descriptor of any kind gives up to its end. Throws FileFailure.
-std::string ReadToEnd(int descriptor);
+/// From the position of an open file, pipe or terminal on, until `count` bytes are there or it ends.
+/// Throws FileFailure.
+std::string ReadUpTo(int descriptor, std::size_t count);
 
 /// The path as the system takes it: UTF-8, and a lone low surrogate from U+DC80 to U+DCFF as the
 /// one byte that PosixText made it of. Throws FileFailure when it is empty or holds a zero

@@ -194,7 +194,7 @@ public:
         }
     }
 
-    std::string Read(std::size_t count) override { return file_.ReadUpTo(count); }
+    std::string Read(std::size_t count) override { return ReadUpTo(file_.Get(), count); }
     void Write(std::string_view bytes) override { file_.WriteAll(bytes); }
 
 private:
@@ -271,7 +271,7 @@ std::unique_ptr<FileLock> PosixFileStore::Lock(std::u16string_view path,
 }
 
 std::string PosixFileStore::ReadAll(std::u16string_view path) {
-    return PosixFile(PosixPath(path), O_RDONLY).ReadUpTo(SIZE_MAX);
+    return ReadUpTo(PosixFile(PosixPath(path), O_RDONLY).Get(), SIZE_MAX);
 }
 
 std::u16string PosixFileStore::WriteNewBeside(std::u16string_view path, std::string_view bytes) {

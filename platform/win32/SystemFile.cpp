@@ -57,9 +57,13 @@ FileFailure FileFailureOf(unsigned long error) {
         case ERROR_DIRECTORY:
             return {FileProblem::PathNotFound};
         case ERROR_ACCESS_DENIED:
-        case ERROR_WRITE_PROTECT:
         case ERROR_NETWORK_ACCESS_DENIED:
             return {FileProblem::AccessDenied};
+        case ERROR_WRITE_PROTECT:
+            return {FileProblem::ReadOnlyMedium};
+        case ERROR_FILE_EXISTS:
+        case ERROR_ALREADY_EXISTS:
+            return {FileProblem::Exists};
         case ERROR_SHARING_VIOLATION:
         case ERROR_LOCK_VIOLATION:
         case ERROR_USER_MAPPED_FILE:

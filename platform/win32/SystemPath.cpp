@@ -43,7 +43,7 @@ std::u16string FilePath(std::u16string_view path) {
         throw FileFailure{FileProblem::PathNotFound};
     }
     if (IsDevicePath(name)) {
-        throw FileFailure{FileProblem::AccessDenied};
+        throw FileFailure{FileProblem::NotAFile};
     }
     return name;
 }

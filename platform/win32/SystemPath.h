@@ -15,7 +15,7 @@ std::u16string SystemPath(std::u16string_view path);
 bool IsDevicePath(std::u16string_view systemPath);
 
 /// SystemPath for an operation that cannot do without: throws FileFailure for a path that Windows
-/// refuses (PathNotFound) and for the name of a device (AccessDenied).
+/// refuses (PathNotFound) and for the name of a device (NotAFile).
 std::u16string FilePath(std::u16string_view path);
 
 }  // namespace tarvex

@@ -2,10 +2,13 @@
 
 #include <cstdint>
 
+#include "platform/win32/FileIdentity.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/SystemFile.h"
 #include "platform/win32/SystemPath.h"
 #include "platform/win32/WideText.h"
+#include "platform/win32/Win32Cleanup.h"
+#include "platform/win32/Win32FileLock.h"
 
 namespace tarvex {
 
@@ -17,6 +20,25 @@ void Flush(const std::u16string& path) {
     if (!file || !FlushFileBuffers(file.Get())) {
         ThrowLastFileFailure();
     }
+}
+
+/// Throws the failure of the open of `path` that was made last.
+[[noreturn]] void ThrowOpenFailure(const std::u16string& path) {
+    const FileFailure failure = FileFailureOf(GetLastError());
+    const DWORD attributes = GetFileAttributesW(Wide(path));
+    // A folder is answered like a missing right.
+    if (failure.problem == FileProblem::AccessDenied && attributes != INVALID_FILE_ATTRIBUTES &&
+        (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        throw FileFailure{FileProblem::IsFolder};
+    }
+    throw failure;
+}
+
+/// True when somebody has the file open in a way that lets nobody replace it.
+bool IsHeldOpen(const std::u16string& path) {
+    const UniqueFile file(CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    return !file && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
 class Win32BinaryFile : public BinaryFile {
@@ -58,12 +80,26 @@ bool Win32FileStore::FileExists(std::u16string_view path) const {
 }
 
 std::unique_ptr<BinaryFile> Win32FileStore::Open(std::u16string_view path) {
-    UniqueFile file(CreateFileW(Wide(FilePath(path)), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
-                                nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const std::u16string name = FilePath(path);
+    UniqueFile file(CreateFileW(Wide(name), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
-        ThrowLastFileFailure();
+        ThrowOpenFailure(name);
     }
     return std::make_unique<Win32BinaryFile>(std::move(file));
+}
+
+FileEntry Win32FileStore::Describe(std::u16string_view path) const {
+    return DescribeFile(path);
+}
+
+bool Win32FileStore::IsSameFile(std::u16string_view a, std::u16string_view b) const {
+    return IsSameSystemFile(a, b);
+}
+
+std::unique_ptr<FileLock> Win32FileStore::Lock(std::u16string_view path,
+                                               std::chrono::milliseconds patience) {
+    return LockFileBeside(FollowLink(FilePath(path)), patience);
 }
 
 std::string Win32FileStore::ReadAll(std::u16string_view path) {
@@ -71,45 +107,71 @@ std::string Win32FileStore::ReadAll(std::u16string_view path) {
     const UniqueFile file(CreateFileW(Wide(name), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                       OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file) {
-        ThrowLastFileFailure();
+        ThrowOpenFailure(name);
     }
     return ReadUpTo(file.Get(), SIZE_MAX);
 }
 
 std::u16string Win32FileStore::WriteNewBeside(std::u16string_view path, std::string_view bytes) {
+    const std::u16string target = FollowLink(FilePath(path));
     DWORD error = ERROR_SUCCESS;
-    std::u16string temp = WriteNewFileBeside(FilePath(path), bytes, error);
+    BeginTemporary();
+    std::u16string temp = WriteNewFileBeside(target, bytes, error);
     if (temp.empty()) {
+        EndTemporary();
         throw FileFailureOf(error);
     }
+    temporaries_.insert(temp);
     return temp;
 }
 
-void Win32FileStore::ReplaceWith(std::u16string_view temp, std::u16string_view path) {
+bool Win32FileStore::ReplaceWith(std::u16string_view temp, std::u16string_view path,
+                                 const FileAccess& /*access*/) {
     const std::u16string source = FilePath(temp);
-    const std::u16string target = FilePath(path);
+    const std::u16string target = FollowLink(FilePath(path));
     Flush(source);
+    RequireReplaceable(target);
     const DWORD attributes = GetFileAttributesW(Wide(target));
-    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
-    if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-        throw FileFailure{FileProblem::AccessDenied};
-    }
-    if (exists) {
+    if (attributes != INVALID_FILE_ATTRIBUTES) {
         SetFileAttributesW(Wide(source), attributes);
     }
     // ReplaceFileW would keep the access rights as well, but it works in several steps and can stop
     // after the first, when the old file is gone.
     if (!MoveFileExW(Wide(source), Wide(target),
                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-        const DWORD error = GetLastError();
+        const FileFailure failure = FileFailureOf(GetLastError());
         SetFileAttributesW(Wide(source), FILE_ATTRIBUTE_NORMAL);
-        throw FileFailureOf(error);
+        if (failure.problem == FileProblem::AccessDenied && IsHeldOpen(target)) {
+            throw FileFailure{FileProblem::InUse};
+        }
+        throw failure;
     }
+    Settle(temp);
+    return true;
+}
+
+void Win32FileStore::PlaceNew(std::u16string_view temp, std::u16string_view path,
+                              const FileAccess& /*access*/) {
+    const std::u16string source = FilePath(temp);
+    Flush(source);
+    if (!MoveFileExW(Wide(source), Wide(FilePath(path)), MOVEFILE_WRITE_THROUGH)) {
+        ThrowLastFileFailure();
+    }
+    Settle(temp);
 }
 
 void Win32FileStore::Remove(std::u16string_view path) {
     if (!DeleteFileW(Wide(FilePath(path)))) {
         ThrowLastFileFailure();
+    }
+    Settle(path);
+}
+
+void Win32FileStore::Settle(std::u16string_view temp) {
+    const auto found = temporaries_.find(temp);
+    if (found != temporaries_.end()) {
+        temporaries_.erase(found);
+        EndTemporary();
     }
 }
 

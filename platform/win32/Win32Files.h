@@ -1,5 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <set>
+#include <string>
+
 #include "platform/FileStore.h"
 #include "platform/FileSystem.h"
 
@@ -18,10 +22,23 @@ class Win32FileStore : public FileStore {
 public:
     bool FileExists(std::u16string_view path) const override;
     std::unique_ptr<BinaryFile> Open(std::u16string_view path) override;
+    FileEntry Describe(std::u16string_view path) const override;
+    bool IsSameFile(std::u16string_view a, std::u16string_view b) const override;
+    std::unique_ptr<FileLock> Lock(std::u16string_view path,
+                                   std::chrono::milliseconds patience) override;
     std::string ReadAll(std::u16string_view path) override;
     std::u16string WriteNewBeside(std::u16string_view path, std::string_view bytes) override;
-    void ReplaceWith(std::u16string_view temp, std::u16string_view path) override;
+    bool ReplaceWith(std::u16string_view temp, std::u16string_view path,
+                     const FileAccess& access) override;
+    void PlaceNew(std::u16string_view temp, std::u16string_view path,
+                  const FileAccess& access) override;
     void Remove(std::u16string_view path) override;
+
+private:
+    /// The file at `temp` has got its name, or is gone.
+    void Settle(std::u16string_view temp);
+
+    std::set<std::u16string, std::less<>> temporaries_;  ///< made by WriteNewBeside
 };
 
 }  // namespace tarvex
