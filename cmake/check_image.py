@@ -10,9 +10,11 @@ not hide itself.
 import struct
 import sys
 
+from check_room import check_room
+
 BLOCK = 32768
 BOUNDARY = 16
-SIZE_LIMIT = 256 * 1024  # bytes, unless the caller gives another one
+SIZE_LIMIT = 288 * 1024  # bytes, unless the caller gives another one
 
 PREFIX = "@#BRD#@|".encode("utf-16-le")
 NOT_BRANDED = "@#BRANDED0#@"
@@ -198,9 +200,12 @@ class Image:
         self.magic, = struct.unpack_from("<H", data, optional)
         if self.magic != 0x10B:
             raise ValueError("it is not a 32-bit program")
+        self.checksum_place = optional + 64
+        self.checksum, = struct.unpack_from("<I", data, self.checksum_place)
         self.system_version = struct.unpack_from("<HH", data, optional + 48)
         self.subsystem, = struct.unpack_from("<H", data, optional + 68)
         self.import_address, = struct.unpack_from("<I", data, optional + 104)
+        self.resource_address, = struct.unpack_from("<I", data, optional + 112)
         self.signature_size, = struct.unpack_from("<I", data, optional + 132)
         self.delayed_imports, = struct.unpack_from("<I", data, optional + 200)
         sections = optional + optional_size
@@ -234,6 +239,15 @@ class Image:
             entry += 20
 
 
+def checksum(data, place):
+    """Of a whole file, as Windows adds it up: the field of the sum itself does not count."""
+    counted = data[:place] + bytes(4) + data[place + 4:]
+    total = sum(struct.unpack(f"<{len(counted) // 2}H", counted[:len(counted) // 2 * 2]))
+    while total >> 16:
+        total = (total & 0xFFFF) + (total >> 16)
+    return total + len(data)
+
+
 def check_program(data):
     try:
         image = Image(data)
@@ -247,6 +261,9 @@ def check_program(data):
             yield "it is signed; branding would break the signature"
         if image.delayed_imports:
             yield "it has delayed imports, which are looked for in its own folder"
+        if image.checksum not in (0, checksum(data, image.checksum_place)):
+            yield "its checksum is neither right nor zero"
+        yield from check_room(image)
         for dll, function in image.imports():
             known = IMPORTS.get(dll.lower())
             if known is None:

@@ -8,6 +8,9 @@
 /* Menu and accelerator table of the log window. */
 #define IDR_DEBUG 2
 
+/* Says where the program keeps room for the vendor's icon and version texts, see cmake/fill_room.py. */
+#define IDR_ROOM 3
+
 #define ID_DEBUG_SAVE 101
 #define ID_DEBUG_CLOSE 102
 #define ID_DEBUG_SELECTALL 103

@@ -61,7 +61,7 @@ def test_no_search_text_is_split_between_blocks(image):
 
 
 def test_program_is_small(image):
-    assert len(image.data) <= 256 * 1024
+    assert len(image.data) <= 288 * 1024
 
 
 def test_program_is_a_32_bit_program_with_windows(program):

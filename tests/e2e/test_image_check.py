@@ -2,9 +2,11 @@
 
 import os
 import pathlib
+import struct
 import subprocess
 import sys
 
+import pefile
 import pytest
 
 CHECK = pathlib.Path(__file__).parents[2] / "cmake" / "check_image.py"
@@ -77,6 +79,100 @@ def test_length_beside_the_blocks_is_named(tmp_path, image):
 
 def test_shifted_marks_are_named(tmp_path, image):
     assert "16-byte boundary" in problems(tmp_path, image[:0x3FF] + b" " + image[0x3FF:-1])
+
+
+ROOM = b"TVXROOM1"
+VERSION = "VS_VERSION_INFO".encode("utf-16-le")
+PNG = b"\x89PNG\r\n\x1a\n"
+
+
+def room(image, index):
+    """A number of the room table: 2 and 3 tell of the pool, 4 and 5 of the list, 6 and 7 of the version."""
+    return struct.unpack_from("<9I", image, image.index(ROOM) + 8)[index]
+
+
+@pytest.mark.parametrize("index", range(9))
+def test_wrong_number_in_the_room_table_is_named(tmp_path, image, index):
+    place = image.index(ROOM) + 8 + 4 * index
+    wrong = replaced(image, place, bytes([image[place] ^ 8]))
+    assert "the room table does not say where the room is" in problems(tmp_path, wrong)
+
+
+@pytest.mark.parametrize(
+    ("distance", "expected"),
+    [
+        (4, "the list of icon images is damaged"),
+        (6, "icon image 1 is not what the list says"),
+        (12, "icon image 1 is not what the list says"),
+        (14, "icon image 1 is not what the list says"),
+        (100, "the room after the icon is not empty"),
+    ],
+)
+def test_damaged_list_of_images_is_named(tmp_path, image, distance, expected):
+    assert expected in problems(tmp_path, replaced(image, room(image, 4) + distance, b"\x18"))
+
+
+@pytest.mark.parametrize(
+    ("distance", "new"), [(0, b"\x6c"), (14, b"\x08"), (16, b"\x01"), (8, b"\x22")]
+)
+def test_image_that_windows_xp_does_not_show_is_named(tmp_path, image, distance, new):
+    wrong = replaced(image, room(image, 2) + distance, new)
+    assert "icon image 1 is not 32 bits deep, uncompressed" in problems(tmp_path, wrong)
+
+
+def test_compressed_image_with_a_palette_is_named(tmp_path, image):
+    wrong = replaced(image, image.index(PNG) + 25, b"\x03")
+    assert "icon image 4 is not 32 bits deep" in problems(tmp_path, wrong)
+
+
+def test_rest_in_the_pool_is_named(tmp_path, image):
+    wrong = replaced(image, room(image, 2) + room(image, 3) - 1, b"x")
+    assert "the room after the icon is not empty" in problems(tmp_path, wrong)
+
+
+def test_image_entry_that_leads_elsewhere_is_named(tmp_path, image):
+    first = image.index(struct.pack("<I", 1128) + bytes(8))  # size of the first entry
+    last = image.rindex(struct.pack("<I", 1128) + bytes(8))
+    assert (last - first) % 16 == 0
+    used = problems(tmp_path, replaced(image, first + 16 - 4, b"\0"))
+    assert "icon image 2 does not stand where the one before it ends" in used
+    unused = problems(tmp_path, replaced(image, last, b"\x69"))
+    assert "icon entry 12 is not used and does not lead to the first image" in unused
+
+
+@pytest.mark.parametrize(
+    ("distance", "expected"),
+    [
+        (-6, "the version is not as long as it says"),
+        (34, "the version has no numbers"),
+        (36 + 52 + 36 + 8, "the version texts are not German"),
+        (36 + 52 + 36 + 24 + 6, "the version text CompanyName is missing"),
+        (4096 - 7, "the room after the version is not empty"),
+    ],
+)
+def test_damaged_version_is_named(tmp_path, image, distance, expected):
+    wrong = replaced(image, image.index(VERSION) + distance, b"\x21")
+    assert expected in problems(tmp_path, wrong)
+
+
+def test_mark_in_the_room_is_named_in_any_case(tmp_path, image):
+    wrong = replaced(image, room(image, 2) + 80, PREFIX.lower())
+    assert "icon or version hold the beginning of a mark" in problems(tmp_path, wrong)
+
+
+def test_missing_room_is_named(tmp_path, image):
+    wrong = problems(tmp_path, image.replace(ROOM, b"TVXROOM2"))
+    assert "the room table does not say where the room is" in wrong
+
+
+def test_checksum_is_right_or_zero(tmp_path, image):
+    program = pefile.PE(data=image)
+    place = program.OPTIONAL_HEADER.get_field_absolute_offset("CheckSum")
+    assert program.OPTIONAL_HEADER.CheckSum == 0
+    right = struct.pack("<I", program.generate_checksum())
+    assert problems(tmp_path, replaced(image, place, right)) == ""
+    wrong = problems(tmp_path, replaced(image, place, b"\1"))
+    assert "its checksum is neither right nor zero" in wrong
 
 
 def test_unknown_imports_are_named(tmp_path, image):

@@ -46,11 +46,25 @@ class TestIcon:
             data = pictures.pop(number)[1]
             assert len(data) == size
             yield width or 256, height or 256, planes, bits, data
-        assert pictures == {}
+        # Kept for a vendor's icon; what nobody needs leads to the first picture.
+        assert sorted(pictures) == list(range(5, 13))
+        assert {data for _, data in pictures.values()} == {resources(image, ICON)[1][1]}
 
     def test_every_size_that_the_system_shows_is_there(self, image):
         sizes = [entry[:2] for entry in self.entries(image)]
         assert sizes == [(16, 16), (32, 32), (48, 48), (256, 256)]
+
+    def test_every_picture_has_32_bits_per_pixel(self, image):
+        assert {entry[3] for entry in self.entries(image)} == {32}
+        *_, (*_, largest) = self.entries(image)
+        assert largest[24:26] == b"\x08\x06"  # 8 bits each of red, green, blue and transparency
+
+    def test_pictures_are_those_of_the_project(self, image):
+        icon = (launcher.GOLDEN.parents[1] / "resources" / "tarvex.ico").read_bytes()
+        (count,) = struct.unpack_from("<H", icon, 4)
+        places = [struct.unpack_from("<II", icon, 6 + 16 * index + 8) for index in range(count)]
+        expected = [icon[place : place + size] for size, place in places]
+        assert [entry[4] for entry in self.entries(image)] == expected
 
     def test_pictures_are_what_the_group_says(self, image):
         for width, height, _, bits, data in self.entries(image):
