@@ -1,0 +1,56 @@
+#include "simulation/DescribedPc.h"
+
+#include <utility>
+
+#include "simulation/DescribedFiles.h"
+#include "simulation/DescribedRegistry.h"
+#include "simulation/PcDescription.h"
+#include "text/TextCodec1252.h"
+
+namespace tarvex {
+
+struct DescribedPc::Parts {
+    explicit Parts(PcDescription from)
+        : description(std::move(from)), registry(description, codec), files(description) {}
+
+    PcDescription description;
+    TextCodec1252 codec;
+    DescribedRegistry registry;
+    DescribedFiles files;
+};
+
+DescribedPc::DescribedPc(PcDescription description)
+    : parts_(std::make_unique<Parts>(std::move(description))) {}
+
+DescribedPc::DescribedPc(DescribedPc&& other) noexcept = default;
+DescribedPc& DescribedPc::operator=(DescribedPc&& other) noexcept = default;
+DescribedPc::~DescribedPc() = default;
+
+const Registry& DescribedPc::RegistryView() const {
+    return parts_->registry;
+}
+
+FileSystem& DescribedPc::Files() const {
+    return parts_->files;
+}
+
+const TextCodec& DescribedPc::Codec() const {
+    return parts_->codec;
+}
+
+ProgramInfo DescribedPc::Program() const {
+    const PcDescription& description = parts_->description;
+    return MakeProgramInfo(description.program,
+                           u"\"" + description.program + u"\" " + description.switches);
+}
+
+const PcDescription& DescribedPc::Description() const {
+    return parts_->description;
+}
+
+void DescribedPc::SetListener(PcListener* listener) {
+    parts_->registry.listener = listener;
+    parts_->files.listener = listener;
+}
+
+}  // namespace tarvex

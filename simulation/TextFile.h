@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvex {
+
+/// The text of a file, or the line that makes it none.
+struct DecodedText {
+    std::u16string text;
+    std::int32_t badLine = 0;  ///< 1-based; 0: the whole file is text
+    std::u16string problem;    ///< German, what is wrong in that line
+};
+
+/// Reads bytes by their byte order mark (UTF-8, UTF-16 of either order); without one as UTF-16, low
+/// byte first, when there are zero bytes, otherwise as UTF-8. The mark is no part of the text.
+DecodedText DecodeText(std::string_view bytes);
+
+/// The text as UTF-16 bytes, low byte first, and back; an odd byte at the end is dropped.
+std::string ToUtf16Bytes(std::u16string_view text);
+std::u16string FromUtf16Bytes(std::string_view bytes);
+
+/// Bytes of the code page 850, in which a German console writes.
+std::u16string FromCodePage850(std::string_view bytes);
+
+/// The lines of a text, without their ends (CR LF or LF); none after the last line end.
+std::vector<std::u16string_view> TextLines(std::u16string_view text);
+
+/// Without blanks and tabs at both ends.
+std::u16string_view TrimBlanksAndTabs(std::u16string_view text);
+
+}  // namespace tarvex
