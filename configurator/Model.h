@@ -53,9 +53,12 @@ private:
     std::map<std::int32_t, Entry> entries_;
 };
 
+/// The text without blanks and tabs at its ends.
+std::u16string_view TrimBlanksAndTabs(std::u16string_view text);
+
 /// A value as a person entered it, in the form that the settings keep.
 struct AcceptedValue {
-    std::u16string value;    ///< without blanks at its ends; a flag is "1", "0" or empty
+    std::u16string value;    ///< without blanks and tabs at its ends; a flag is "1", "0" or empty
     std::u16string problem;  ///< German, why the field cannot take it; empty when it can
 };
 
