@@ -35,6 +35,14 @@ bool IsProgram(std::u16string_view file, std::string_view bytes) {
     return bytes.starts_with("MZ") || text::EndsWithIgnoreCase(file, u".exe");
 }
 
+Problems ProblemsOf(Findings findings) {
+    Problems problems;
+    for (Finding& finding : findings) {
+        problems.push_back(std::move(finding.problem));
+    }
+    return problems;
+}
+
 std::u16string_view BareName(std::u16string_view path) {
     const std::size_t separator = path.find_last_of(u"/\\");
     return separator == std::u16string_view::npos ? path : path.substr(separator + 1);
@@ -171,14 +179,15 @@ int Commands::Check(const CommandLine& line) {
     if (!IsProgram(line.input, bytes)) {
         ParsedSettings parsed = ParseSettings(bytes, line.input, environment_.codec);
         problems = std::move(parsed.problems);
-        Append(problems, CheckSettings(parsed.settings, line.input));
+        Append(problems, ProblemsOf(std::move(parsed.warnings)));
+        Append(problems, ProblemsOf(CheckSettings(parsed.settings, line.input)));
         return Finish(problems, line.input + u": keine Beanstandungen.\n");
     }
     const LauncherImage image = LauncherImage::Read(bytes, line.input);
     problems = image.ReadProblems();
     if (image.IsBranded()) {
         const Settings settings = ReadSettings(image, line.input, environment_.codec, problems);
-        Append(problems, CheckSettings(settings, line.input));
+        Append(problems, ProblemsOf(CheckSettings(settings, line.input)));
     } else if (problems.empty()) {
         problems = image.ChangeProblems();
         problems.push_back({line.input, 0, {}, u"Das Startprogramm ist noch nicht konfiguriert."});

@@ -143,7 +143,7 @@ TEST_F(CommandsTest, CheckOfAnUnbrandedProgramSaysSo) {
 }
 
 TEST_F(CommandsTest, CheckOfGoodSettingsSaysSo) {
-    EXPECT_EQ(world_.Brand(u"DBFilename = Kunden.mdb\n"), 0);
+    EXPECT_EQ(world_.Brand(u"DBFilename = Kunden.mdb\nAccPath = C:\\Office\n"), 0);
     EXPECT_EQ(world_.Run({u"check", u"K.ini"}), 0);
     EXPECT_EQ(console_.out, u"K.ini: keine Beanstandungen.\n");
     EXPECT_EQ(world_.Run({u"check", u"K.exe"}), 0);
@@ -151,7 +151,7 @@ TEST_F(CommandsTest, CheckOfGoodSettingsSaysSo) {
 }
 
 TEST_F(CommandsTest, CheckReportsBothFormAndSense) {
-    world_.files.AddFile(u"K.ini", "Foo = 1\nPwd = x\n");
+    world_.files.AddFile(u"K.ini", "Foo = 1\nPwd = x\nAccPath = C:\\Office\nDBFilename = a.mdb\n");
     EXPECT_EQ(world_.Run({u"check", u"K.ini"}), 1);
     EXPECT_EQ(console_.err,
               u"K.ini, Zeile 1, Foo: Unbekannter Name 'Foo'; gemeint ist vielleicht Log.\n"
