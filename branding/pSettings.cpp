@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "branding/BrandFields.h"
+#include "branding/LaunchFields.h"
 #include "branding/Scrambling.h"
 #include "errors/RaisedError.h"
 #include "errors/cuAppError.h"
@@ -19,44 +20,6 @@ namespace {
 
 /// The key lists of the launch object by their selectors.
 constexpr KeyListFields kLaunchLists[] = {kAccRegList, kDBRegList, kSysDBRegList};
-
-struct TextField {
-    std::int32_t field;
-    std::u16string LaunchProperties::*property;
-};
-
-/// The launch properties by the fields that hold them.
-constexpr TextField kTextFields[] = {
-    {kFieldAccPath, &LaunchProperties::accPath},
-    {kFieldDBPath, &LaunchProperties::dbPath},
-    {kFieldDBFilename, &LaunchProperties::dbFilename},
-    {kFieldSysDBPath, &LaunchProperties::systemDBPath},
-    {kFieldSysDBFilename, &LaunchProperties::systemDBFilename},
-    {kFieldProfile, &LaunchProperties::profile},
-    {kFieldMacro, &LaunchProperties::macro},
-    {kFieldCmd, &LaunchProperties::cmd},
-};
-
-/// Stored as lists of numbers.
-constexpr TextField kCredentialFields[] = {
-    {kFieldUser, &LaunchProperties::systemDBUser},
-    {kFieldPwd, &LaunchProperties::systemDBPwd},
-};
-
-struct OptionField {
-    std::int32_t field;
-    bool LaunchProperties::*property;
-};
-
-constexpr OptionField kOptionFields[] = {
-    {kFieldCompact, &LaunchProperties::optionCompact},
-    {kFieldDecompile, &LaunchProperties::optionDecompile},
-    {kFieldExclusive, &LaunchProperties::optionExclusive},
-    {kFieldNoStartup, &LaunchProperties::optionNoStartup},
-    {kFieldReadOnly, &LaunchProperties::optionReadOnly},
-    {kFieldRepair, &LaunchProperties::optionRepair},
-    {kFieldRuntime, &LaunchProperties::optionRuntime},
-};
 
 void AddValue(DiagnosticLog& report, std::u16string_view label, std::u16string_view value) {
     report.AddLog(std::u16string(label).append(u" = ").append(value));
@@ -122,13 +85,13 @@ std::unique_ptr<cuTarvex> pSettings::InitTarvex() const {
         auto tarvex = std::make_unique<cuTarvex>(environment_);
         BuildRegLists(*tarvex);
         LaunchProperties& properties = tarvex->Properties();
-        for (const auto& [field, text] : kTextFields) {
+        for (const auto& [field, text] : kLaunchTextFields) {
             properties.*text = Value(field);
         }
-        for (const auto& [field, option] : kOptionFields) {
+        for (const auto& [field, option] : kLaunchOptionFields) {
             properties.*option = Flag(field);
         }
-        for (const auto& [field, credential] : kCredentialFields) {
+        for (const auto& [field, credential] : kLaunchCredentialFields) {
             if (const std::u16string list = Value(field); !list.empty()) {
                 properties.*credential = DecodeNumberList(list, environment_.settingsCodec);
             }

@@ -1,5 +1,7 @@
 #include "commands/CommandContext.h"
 
+#include <algorithm>
+
 #include "configurator/FileTexts.h"
 
 namespace tarvex {
@@ -49,6 +51,18 @@ int CommandContext::Finish(const Problems& problems, std::u16string_view done) {
         Out(std::u16string(done) + u"\n");
     }
     return kDone;
+}
+
+std::u16string FolderOf(std::u16string_view file) {
+    const std::size_t separator = file.find_last_of(u"/\\");
+    return separator == std::u16string_view::npos
+               ? std::u16string()
+               : std::u16string(file.substr(0, std::max<std::size_t>(separator, 1)));
+}
+
+std::u16string_view BareName(std::u16string_view file) {
+    const std::size_t separator = file.find_last_of(u"/\\");
+    return separator == std::u16string_view::npos ? file : file.substr(separator + 1);
 }
 
 bool IsStandardInput(std::u16string_view file) {

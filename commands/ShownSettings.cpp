@@ -40,4 +40,10 @@ std::u16string ShownDifferences(const std::vector<Difference>& differences, bool
     return text;
 }
 
+std::u16string ShownChanges(const Settings& before, const Settings& changes) {
+    Settings after = before;
+    after.SetAll(changes);
+    return ShownDifferences(CompareSettings(before, after), false);
+}
+
 }  // namespace tarvex

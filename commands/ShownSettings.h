@@ -18,4 +18,7 @@ std::u16string ShownLine(const BrandField& field, std::u16string_view value, boo
 /// empty value has no line.
 std::u16string ShownDifferences(const std::vector<Difference>& differences, bool reveal);
 
+/// What the changes make of the settings, as ShownDifferences without secrets.
+std::u16string ShownChanges(const Settings& before, const Settings& changes);
+
 }  // namespace tarvex

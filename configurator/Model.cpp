@@ -62,9 +62,9 @@ std::u16string CharacterProblem(const BrandField& field, std::u16string_view val
     if (FindLoneLineEnd(value) != std::u16string_view::npos) {
         return u"Ein Zeilenwechsel im Wert muss aus CR und LF bestehen.";
     }
-    if (field.kind == FieldKind::Credential && text::Trim(value).size() != value.size()) {
+    if (field.kind == FieldKind::Credential && TrimBlanksAndTabs(value).size() != value.size()) {
         // A settings file cannot hold such a value, and Access is handed it without the blanks.
-        return u"Der Wert darf nicht mit einem Leerzeichen beginnen oder enden.";
+        return u"Der Wert darf nicht mit einem Leerzeichen oder Tabulator beginnen oder enden.";
     }
     return {};
 }
@@ -135,10 +135,24 @@ void Settings::Set(std::int32_t number, std::u16string_view value, std::int32_t 
     entries_[number] = {std::u16string(value), line};
 }
 
+std::u16string_view TrimBlanksAndTabs(std::u16string_view text) {
+    const std::size_t first = text.find_first_not_of(u" \t");
+    if (first == std::u16string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(u" \t") - first + 1);
+}
+
+void Settings::SetAll(const Settings& more) {
+    for (const auto& [number, entry] : more.entries_) {
+        entries_[number] = entry;
+    }
+}
+
 AcceptedValue AcceptValue(const BrandField& field, std::u16string_view entered,
                           const TextCodec& codec) {
     const std::u16string_view value =
-        field.kind == FieldKind::Credential ? entered : text::Trim(entered);
+        field.kind == FieldKind::Credential ? entered : TrimBlanksAndTabs(entered);
     if (value.empty()) {
         return {};
     }

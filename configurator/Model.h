@@ -46,6 +46,9 @@ public:
 
     void Set(std::int32_t number, std::u16string_view value, std::int32_t line = 0);
 
+    /// Sets all that is set in `more`, over what is set here.
+    void SetAll(const Settings& more);
+
     /// The fields that were set, under their numbers.
     const std::map<std::int32_t, Entry>& Entries() const { return entries_; }
 
@@ -53,9 +56,12 @@ private:
     std::map<std::int32_t, Entry> entries_;
 };
 
+/// The text without blanks and tabs at its ends.
+std::u16string_view TrimBlanksAndTabs(std::u16string_view text);
+
 /// A value as a person entered it, in the form that the settings keep.
 struct AcceptedValue {
-    std::u16string value;    ///< without blanks at its ends; a flag is "1", "0" or empty
+    std::u16string value;    ///< without blanks and tabs at its ends; a flag is "1", "0" or empty
     std::u16string problem;  ///< German, why the field cannot take it; empty when it can
 };
 

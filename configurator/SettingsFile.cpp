@@ -2,23 +2,54 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
+#include "branding/BrandMark.h"
 #include "configurator/FieldTexts.h"
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+constexpr std::string_view kSwappedUtf16Mark = "\xFE\xFF";
 
-std::vector<std::string_view> Lines(std::string_view bytes) {
-    std::vector<std::string_view> lines;
-    while (!bytes.empty()) {
-        const std::size_t end = bytes.find('\n');
-        std::string_view line = bytes.substr(0, end);
-        bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
+/// After the blanks of an indented line: the rest is literal.
+constexpr char16_t kLiteralBar = u'|';
+
+/// So many lines without meaning, for each known name as many more, make something else of a file.
+constexpr std::size_t kStrangeLines = 4;
+constexpr std::size_t kStrangeLinesPerName = 8;
+
+bool IsBlank(char16_t unit) {
+    return unit == u' ' || unit == u'\t';
+}
+
+/// The field that a line "Name = Value" sets; null when it is none or its name is unknown.
+const BrandField* FieldOfLine(std::u16string_view line) {
+    const std::size_t equals = line.find(u'=');
+    return equals == std::u16string_view::npos
+               ? nullptr
+               : FindBrandFieldByName(TrimBlanksAndTabs(line.substr(0, equals)));
+}
+
+bool HoldsLines(const BrandField& field) {
+    return field.number == kFieldErrBoxText || field.number == kFieldErrDebugText;
+}
+
+/// A line of the file; without text when its bytes are no UTF-8.
+using Line = std::optional<std::u16string>;
+
+template <typename Text>
+std::vector<Text> SplitLines(Text text) {
+    std::vector<Text> lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        Text line = text.substr(0, end);
+        text.remove_prefix(end == Text::npos ? text.size() : end + 1);
         if (line.ends_with('\r')) {
             line.remove_suffix(1);
         }
@@ -27,12 +58,35 @@ std::vector<std::string_view> Lines(std::string_view bytes) {
     return lines;
 }
 
-std::u16string_view TrimBlanksAndTabs(std::u16string_view text) {
-    const std::size_t first = text.find_first_not_of(u" \t");
-    if (first == std::u16string_view::npos) {
-        return {};
+std::vector<Line> Utf16Lines(std::string_view bytes, bool swapped) {
+    std::u16string text = FromUtf16Bytes(bytes.substr(kUtf16Mark.size()));
+    if (swapped) {
+        for (char16_t& unit : text) {
+            unit = static_cast<char16_t>(unit >> 8U | unit << 8U);
+        }
     }
-    return text.substr(first, text.find_last_not_of(u" \t") - first + 1);
+    std::vector<Line> lines;
+    for (const std::u16string_view line : SplitLines<std::u16string_view>(text)) {
+        lines.emplace_back(line);
+    }
+    return lines;
+}
+
+std::vector<Line> Utf8Lines(std::string_view bytes) {
+    if (bytes.starts_with(kUtf8Mark)) {
+        bytes.remove_prefix(kUtf8Mark.size());
+    }
+    std::vector<Line> lines;
+    for (const std::string_view utf8 : SplitLines(bytes)) {
+        std::u16string line = text::FromUtf8(utf8);
+        lines.push_back(text::ToUtf8(line) == utf8 ? Line(std::move(line)) : std::nullopt);
+    }
+    return lines;
+}
+
+std::vector<Line> ReadLines(std::string_view bytes) {
+    const bool swapped = bytes.starts_with(kSwappedUtf16Mark);
+    return swapped || bytes.starts_with(kUtf16Mark) ? Utf16Lines(bytes, swapped) : Utf8Lines(bytes);
 }
 
 class Parser {
@@ -40,22 +94,22 @@ public:
     Parser(std::u16string_view name, const TextCodec& codec) : name_(name), codec_(codec) {}
 
     ParsedSettings Parse(std::string_view bytes) {
-        if (bytes.starts_with(kByteOrderMark)) {
-            bytes.remove_prefix(kByteOrderMark.size());
+        if (bytes.starts_with("MZ")) {
+            return OtherFile();  // a program, the usual mistake
         }
-        for (const std::string_view utf8 : Lines(bytes)) {
+        for (const Line& line : ReadLines(bytes)) {
             ++line_;
-            const std::u16string line = text::FromUtf8(utf8);
-            if (text::ToUtf8(line) != utf8) {
-                Report(line_, {}, u"Die Zeile ist kein gültiges UTF-8.");
-                // Its continuation lines are not wrong by themselves.
+            if (line) {
+                ReadLine(*line);
+            } else {
                 FinishValue();
-                skipping_ = true;
-                continue;
+                ReportStrange({}, u"Die Zeile ist kein gültiges UTF-8.");
             }
-            ReadLine(line);
         }
         FinishValue();
+        if (strangeLines_ >= kStrangeLines + kStrangeLinesPerName * firstLines_.size()) {
+            return OtherFile();
+        }
         // A value is judged when its last line has been read.
         std::stable_sort(result_.problems.begin(), result_.problems.end(),
                          [](const Problem& a, const Problem& b) { return a.line < b.line; });
@@ -63,8 +117,22 @@ public:
     }
 
 private:
+    ParsedSettings OtherFile() const {
+        ParsedSettings nothing;
+        nothing.problems.push_back({name_,
+                                    0,
+                                    {},
+                                    u"Die Datei ist keine Einstellungsdatei: Kaum eine Zeile hat "
+                                    u"die Form 'Name = Wert' mit einem bekannten Namen."});
+        return nothing;
+    }
+
     void ReadLine(std::u16string_view line) {
-        if (line.starts_with(u' ') || line.starts_with(u'\t')) {
+        if (TrimBlanksAndTabs(line).empty() && !line.empty()) {
+            ++blankLines_;
+            return;
+        }
+        if (!line.empty() && IsBlank(line[0])) {
             Continue(line);
             return;
         }
@@ -82,39 +150,60 @@ private:
     }
 
     void Continue(std::u16string_view line) {
-        if (field_ != nullptr) {
-            value_ += text::kLineBreak;
-            value_ += line.substr(1);
-        } else if (!skipping_ && !TrimBlanksAndTabs(line).empty()) {
+        const std::u16string_view text = TrimBlanksAndTabs(line);
+        const BrandField* ownField = FieldOfLine(text);
+        if (field_ == nullptr && !skipping_) {
             Report(line_, {},
                    u"Die Zeile beginnt mit einem Leerzeichen oder Tabulator, setzt aber "
                    u"keinen Wert fort.");
+        } else if (ownField != nullptr) {
+            Report(line_, ownField->name,
+                   u"Die Zeile ist eingerückt und gehörte damit zum Wert darüber, liest sich aber "
+                   u"wie ein eigenes Feld. Nicht einrücken, oder, wenn sie Text ist, mit '|' "
+                   u"beginnen.");
+        } else if (field_ != nullptr) {
+            ContinueValue(line);
         }
+        blankLines_ = 0;
+    }
+
+    void ContinueValue(std::u16string_view line) {
+        if (!HoldsLines(*field_) && !isContinued_) {
+            isContinued_ = true;
+            result_.warnings.push_back({u"continued-value",
+                                        {name_, line_, std::u16string(field_->name),
+                                         u"Die Zeile ist eingerückt und setzt den Wert darüber "
+                                         u"fort; er enthält damit einen "
+                                         u"Zeilenwechsel."}});
+        }
+        for (; blankLines_ > 0; --blankLines_) {
+            value_ += text::kLineBreak;
+        }
+        const std::u16string_view text = TrimBlanksAndTabs(line);
+        const bool isLiteral = text.starts_with(kLiteralBar);
+        value_.append(text::kLineBreak)
+            .append(line.substr(isLiteral ? line.find(kLiteralBar) + 1 : 1));
     }
 
     void StartValue(std::u16string_view line) {
-        skipping_ = true;
         const std::size_t equals = line.find(u'=');
         if (equals == std::u16string_view::npos) {
-            Report(line_, {},
-                   u"'" + std::u16string(line) +
-                       u"' ist weder 'Name = Wert' noch "
-                       u"Abschnitt oder Kommentar.");
+            ReportStrange({}, u"Die Zeile ist weder 'Name = Wert' noch Abschnitt oder Kommentar.");
             return;
         }
         const std::u16string_view name = TrimBlanksAndTabs(line.substr(0, equals));
-        const BrandField* field = FindBrandFieldByName(name);
+        const BrandField* field = FieldOfLine(line);
         if (field == nullptr) {
-            Report(line_, name, UnknownNameText(name));
+            ReportStrange(name, UnknownNameText(name));
             return;
         }
         if (const std::int32_t first = firstLines_[field->number]; first != 0) {
+            skipping_ = true;
             Report(line_, field->name,
                    u"Der Name kommt doppelt vor, zuerst in Zeile " + text::Decimal(first) + u".");
             return;
         }
         firstLines_[field->number] = line_;
-        skipping_ = false;
         field_ = field;
         value_ = line.substr(equals + 1);
         valueLine_ = line_;
@@ -122,16 +211,25 @@ private:
 
     void FinishValue() {
         skipping_ = false;
+        isContinued_ = false;
+        blankLines_ = 0;
         if (field_ == nullptr) {
             return;
         }
-        AcceptedValue accepted = AcceptValue(*field_, text::Trim(value_), codec_);
+        AcceptedValue accepted = AcceptValue(*field_, TrimBlanksAndTabs(value_), codec_);
         if (accepted.problem.empty()) {
             result_.settings.Set(field_->number, accepted.value, valueLine_);
         } else {
             Report(valueLine_, field_->name, accepted.problem);
         }
         field_ = nullptr;
+    }
+
+    /// About a line that no settings file has. Its continuation lines are not wrong by themselves.
+    void ReportStrange(std::u16string_view field, std::u16string problem) {
+        Report(line_, field, std::move(problem));
+        ++strangeLines_;
+        skipping_ = true;
     }
 
     void Report(std::int32_t line, std::u16string_view field, std::u16string problem) {
@@ -145,8 +243,11 @@ private:
     const BrandField* field_ = nullptr;  // whose value is being read
     std::u16string value_;
     std::int32_t valueLine_ = 0;
+    std::int32_t blankLines_ = 0;  // they count when a continuation line follows
+    bool isContinued_ = false;
     bool skipping_ = false;  // continuation lines of something already reported
     std::map<std::int32_t, std::int32_t> firstLines_;
+    std::size_t strangeLines_ = 0;
 };
 
 void WriteComment(std::u16string& out, std::u16string_view comment) {
@@ -155,6 +256,13 @@ void WriteComment(std::u16string& out, std::u16string_view comment) {
         out += line;
         out += text::kLineBreak;
     }
+}
+
+void WriteContinuation(std::u16string& out, std::u16string_view line) {
+    const std::u16string_view text = TrimBlanksAndTabs(line);
+    const bool needsBar =
+        text.empty() || text.starts_with(kLiteralBar) || FieldOfLine(text) != nullptr;
+    out.append(text::kLineBreak).append(needsBar ? u" |" : u" ").append(line);
 }
 
 void WriteField(std::u16string& out, const BrandField& field, std::u16string_view value) {
@@ -169,8 +277,15 @@ void WriteField(std::u16string& out, const BrandField& field, std::u16string_vie
     out += field.name;
     out += u" =";
     if (!value.empty()) {
-        out += u' ';
-        out += text::Replace(value, text::kLineBreak, u"\r\n ");
+        const std::size_t firstLine = value.find(text::kLineBreak);
+        out.append(u" ").append(value.substr(0, firstLine));
+        for (std::size_t at = firstLine; at != std::u16string_view::npos;) {
+            at += text::kLineBreak.size();
+            const std::size_t end = value.find(text::kLineBreak, at);
+            WriteContinuation(out,
+                              value.substr(at, end == std::u16string_view::npos ? end : end - at));
+            at = end;
+        }
     }
     out += text::kLineBreak;
 }

@@ -20,6 +20,7 @@ LoadedSettings LoadSettings(std::string_view bytes, std::u16string_view name,
         ParsedSettings parsed = ParseSettings(bytes, name, codec);
         loaded.settings = std::move(parsed.settings);
         loaded.problems = std::move(parsed.problems);
+        loaded.warnings = std::move(parsed.warnings);
         loaded.branded = true;
         return loaded;
     }

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "configurator/Model.h"
+#include "configurator/Finding.h"
 
 namespace tarvex {
 
@@ -11,6 +11,7 @@ namespace tarvex {
 struct LoadedSettings {
     Settings settings;  ///< what could be read
     Problems problems;  ///< what could not
+    Findings warnings;  ///< of a settings file: what was read but is probably not meant
     bool isProgram = false;
     bool branded = false;  ///< a settings file always is
 };

@@ -54,36 +54,9 @@ std::u16string FromExplicitPath(LaunchRun& run) {
     return path;
 }
 
-struct OfficeKeys {
-    std::vector<std::u16string_view> keys;
-    std::u16string_view valueName;
-};
-
-OfficeKeys KeysOfVersion(std::int32_t version) {
-    switch (version) {
-        case -1:
-        case 0:
-            return {{u"SOFTWARE\\Microsoft\\Office\\8.0\\Common\\InstallRoot"}, u"OfficeBin"};
-        case 1:
-            return {{u"SOFTWARE\\Microsoft\\Office\\9.0\\Access\\InstallRoot",
-                     u"SOFTWARE\\Microsoft\\Office\\9.0\\Common\\InstallRoot"},
-                    u"Path"};
-        case 2:
-            return {{u"SOFTWARE\\Microsoft\\Office\\10.0\\Access\\InstallRoot",
-                     u"SOFTWARE\\Microsoft\\Office\\10.0\\Common\\InstallRoot"},
-                    u"Path"};
-        case 3:
-            return {{u"SOFTWARE\\Microsoft\\Office\\11.0\\Access\\InstallRoot",
-                     u"SOFTWARE\\Microsoft\\Office\\11.0\\Common\\InstallRoot"},
-                    u"Path"};
-        default:
-            return {};
-    }
-}
-
 std::u16string FromOfficeKeys(LaunchRun& run) {
     run.log.AddLog(u"Office-Schlüssel wird verwendet");
-    const OfficeKeys office = KeysOfVersion(run.accVersion);
+    const OfficeKeys office = OfficeKeysOfVersion(run.accVersion);
     for (const std::u16string_view key : office.keys) {
         run.log.AddLog(std::u16string(u"Schlüssel: ").append(key));
         const std::u16string value =
@@ -107,6 +80,28 @@ std::u16string FindExecutable(LaunchRun& run) {
 }
 
 }  // namespace
+
+OfficeKeys OfficeKeysOfVersion(std::int32_t version) {
+    switch (version) {
+        case -1:
+        case 0:
+            return {{u"SOFTWARE\\Microsoft\\Office\\8.0\\Common\\InstallRoot"}, u"OfficeBin"};
+        case 1:
+            return {{u"SOFTWARE\\Microsoft\\Office\\9.0\\Access\\InstallRoot",
+                     u"SOFTWARE\\Microsoft\\Office\\9.0\\Common\\InstallRoot"},
+                    u"Path"};
+        case 2:
+            return {{u"SOFTWARE\\Microsoft\\Office\\10.0\\Access\\InstallRoot",
+                     u"SOFTWARE\\Microsoft\\Office\\10.0\\Common\\InstallRoot"},
+                    u"Path"};
+        case 3:
+            return {{u"SOFTWARE\\Microsoft\\Office\\11.0\\Access\\InstallRoot",
+                     u"SOFTWARE\\Microsoft\\Office\\11.0\\Common\\InstallRoot"},
+                    u"Path"};
+        default:
+            return {};
+    }
+}
 
 std::u16string ResolveAccess(LaunchRun& run) {
     run.log.AddLog(u"[Access-Pfad]", true);

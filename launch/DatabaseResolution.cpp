@@ -106,12 +106,6 @@ std::u16string SearchProgramFolder(LaunchRun& run) {
     return path;
 }
 
-bool NeedsDatabase(const LaunchProperties& properties) {
-    return !properties.macro.empty() || !properties.cmd.empty() || properties.optionRuntime ||
-           properties.optionReadOnly || properties.optionCompact || properties.optionRepair ||
-           properties.optionDecompile;
-}
-
 constexpr DatabaseKind kSystemDatabase = {
     u"GetSystemDB",
     u"SysDB: ",
@@ -135,6 +129,12 @@ std::u16string ConfiguredPath(LaunchRun& run) {
 }
 
 }  // namespace
+
+bool NeedsDatabase(const LaunchProperties& properties) {
+    return !properties.macro.empty() || !properties.cmd.empty() || properties.optionRuntime ||
+           properties.optionReadOnly || properties.optionCompact || properties.optionRepair ||
+           properties.optionDecompile;
+}
 
 std::u16string ResolveDatabase(LaunchRun& run) {
     run.log.AddLog(u"[Datenbank-Pfad]", true);

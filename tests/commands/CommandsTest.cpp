@@ -15,14 +15,16 @@ protected:
 };
 
 TEST_F(CommandsTest, BrandWritesAndShowHidesUserAndPasswords) {
-    EXPECT_EQ(world_.Brand(u"AppName = Grün\nUser = Meier\nPwd = geheim\nRuntime = ja\n"), 0);
+    EXPECT_EQ(world_.Brand(u"AppName = Grün\nAccPath = .\nUser = Meier\nPwd = geheim\nLog = ja\n"),
+              0);
     EXPECT_EQ(console_.err, u"");
     EXPECT_EQ(console_.out, u"K.exe ist konfiguriert.\n");
     EXPECT_EQ(world_.Run({u"show", u"K.exe"}), 0);
     EXPECT_EQ(console_.out,
-              u"AppName = Grün\nUser = <nicht angezeigt>\nPwd = <nicht angezeigt>\nRuntime = 1\n");
+              u"AppName = Grün\nAccPath = .\nUser = <nicht angezeigt>\n"
+              u"Pwd = <nicht angezeigt>\nLog = 1\n");
     EXPECT_EQ(world_.Run({u"show", u"K.exe", u"--reveal"}), 0);
-    EXPECT_EQ(console_.out, u"AppName = Grün\nUser = Meier\nPwd = geheim\nRuntime = 1\n");
+    EXPECT_EQ(console_.out, u"AppName = Grün\nAccPath = .\nUser = Meier\nPwd = geheim\nLog = 1\n");
 }
 
 TEST_F(CommandsTest, ShowAsJsonEscapes) {
@@ -139,11 +141,13 @@ TEST_F(CommandsTest, FieldsListsNumberNameWidthAndMeaning) {
 
 TEST_F(CommandsTest, CheckOfAnUnbrandedProgramSaysSo) {
     EXPECT_EQ(world_.Run({u"check", u"T.exe"}), 1);
-    EXPECT_EQ(console_.err, u"tarvexcf: T.exe: Das Startprogramm ist noch nicht konfiguriert.\n");
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: T.exe: Fehler: Das Startprogramm ist noch nicht konfiguriert. "
+              u"[not-branded]\n");
 }
 
 TEST_F(CommandsTest, CheckOfGoodSettingsSaysSo) {
-    EXPECT_EQ(world_.Brand(u"DBFilename = Kunden.mdb\n"), 0);
+    EXPECT_EQ(world_.Brand(u"DBFilename = Kunden.mdb\nAccPath = C:\\Office\n"), 0);
     EXPECT_EQ(world_.Run({u"check", u"K.ini"}), 0);
     EXPECT_EQ(console_.out, u"K.ini: keine Beanstandungen.\n");
     EXPECT_EQ(world_.Run({u"check", u"K.exe"}), 0);
@@ -153,11 +157,59 @@ TEST_F(CommandsTest, CheckOfGoodSettingsSaysSo) {
 TEST_F(CommandsTest, CheckReportsBothFormAndSense) {
     world_.files.AddFile(u"K.ini", "Foo = 1\nPwd = x\n");
     EXPECT_EQ(world_.Run({u"check", u"K.ini"}), 1);
-    EXPECT_EQ(
-        console_.err,
-        u"tarvexcf: K.ini, Zeile 1, Foo: Unbekannter Name 'Foo'; gemeint ist vielleicht Log.\n"
-        u"tarvexcf: K.ini, Zeile 2, Pwd: Das Kennwort wird nicht verwendet, solange User leer "
-        u"ist.\n");
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: K.ini, Zeile 1, Foo: Fehler: Unbekannter Name 'Foo'; gemeint ist "
+              u"vielleicht Log. [settings-file]\n"
+              u"tarvexcf: K.ini, Zeile 2, Pwd: Warnung: Das Kennwort wird nicht verwendet, "
+              u"solange User leer ist. [password-without-user]\n");
+    EXPECT_EQ(console_.out, u"K.ini: 1 Fehler, 1 Warnung.\n");
+}
+
+TEST_F(CommandsTest, WarningsFailACheckOnlyWhenItIsStrict) {
+    world_.files.AddFile(u"K.ini", "AccPath = .\nPwd = x\n");
+    EXPECT_EQ(world_.Run({u"check", u"K.ini"}), 0);
+    EXPECT_EQ(console_.out, u"K.ini: 1 Warnung.\n");
+    EXPECT_EQ(world_.Run({u"check", u"K.ini", u"--strict"}), 1);
+    EXPECT_EQ(world_.Run({u"check", u"K.ini", u"--strict", u"--ignore", u"password-without-user"}),
+              0);
+    EXPECT_EQ(console_.err, u"");
+    EXPECT_EQ(console_.out, u"K.ini: keine Beanstandungen.\n");
+    EXPECT_EQ(world_.Run({u"check", u"K.ini", u"--ignore", u"Unsinn"}), 2);
+    EXPECT_EQ(console_.err, u"tarvexcf: Die Kennung 'Unsinn' gibt es nicht.\n");
+}
+
+TEST_F(CommandsTest, CheckAsJsonNamesEachFinding) {
+    world_.files.AddFile(u"K.ini", "AccPath = .\nPwd = x\n");
+    EXPECT_EQ(world_.Run({u"check", u"K.ini", u"--json"}), 0);
+    EXPECT_EQ(console_.out,
+              u"[\n  {\"id\": \"password-without-user\", \"severity\": \"Warnung\", \"file\": "
+              u"\"K.ini\", \"line\": 2, \"field\": \"Pwd\", \"text\": \"Das Kennwort wird nicht "
+              u"verwendet, solange User leer ist.\"}\n]\n");
+    EXPECT_EQ(console_.err, u"");
+    world_.files.AddFile(u"K.ini", "AccPath = .\nDBFilename = a.mdb\n");
+    EXPECT_EQ(world_.Run({u"check", u"K.ini", u"--json"}), 0);
+    EXPECT_EQ(console_.out, u"[\n]\n");
+}
+
+TEST_F(CommandsTest, BrandAndSetTellFindingsAndGoOnUnlessTheyAreStrict) {
+    const std::u16string warning =
+        u"Pwd: Warnung: Das Kennwort wird nicht verwendet, solange User leer ist. "
+        u"[password-without-user]\n";
+    world_.files.AddFile(u"K.ini", "AccPath = .\nPwd = x\n");
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"K.exe", u"--settings", u"K.ini", u"--strict"}), 1);
+    EXPECT_EQ(console_.err, u"tarvexcf: K.ini, Zeile 2, " + warning +
+                                u"tarvexcf: K.exe: Wegen --strict wird nichts geschrieben.\n");
+    EXPECT_FALSE(world_.files.FileExists(u"K.exe"));
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"K.exe", u"--settings", u"K.ini"}), 0);
+    EXPECT_EQ(console_.err, u"tarvexcf: K.ini, Zeile 2, " + warning);
+    EXPECT_EQ(console_.out, u"K.exe ist konfiguriert.\n");
+    const std::string before = world_.files.Bytes(u"K.exe");
+    EXPECT_EQ(world_.Run({u"set", u"K.exe", u"AppName=x", u"--strict"}), 1);
+    EXPECT_EQ(console_.err, u"tarvexcf: K.exe, " + warning +
+                                u"tarvexcf: K.exe: Wegen --strict wird nichts geschrieben.\n");
+    EXPECT_EQ(world_.files.Bytes(u"K.exe"), before);
+    EXPECT_EQ(world_.Run({u"set", u"K.exe", u"AppName=x"}), 0);
+    EXPECT_EQ(console_.err, u"tarvexcf: K.exe, " + warning);
 }
 
 TEST_F(CommandsTest, GetGivesPlainValuesInTheOrderAskedFor) {
@@ -272,8 +324,7 @@ TEST_F(CommandsTest, DryRunShowsTheChangeAndWritesNothing) {
 }
 
 TEST_F(CommandsTest, DryRunRefusesWhatTheRealRunWould) {
-    world_.files.AddFile(u"K.ini", "AppName = x\n");
-    EXPECT_EQ(world_.Brand(u"AppName = x\n"), 0);
+    EXPECT_EQ(world_.Brand(u"AccPath = .\n"), 0);
     EXPECT_EQ(world_.Run({u"brand", u"K.exe", u"N.exe", u"--settings", u"K.ini", u"--dry-run"}), 1);
     EXPECT_EQ(console_.out, u"");
     EXPECT_EQ(console_.err,
@@ -301,7 +352,7 @@ TEST_F(CommandsTest, QuietLeavesOutWhatWentWell) {
 }
 
 TEST_F(CommandsTest, OutputThatCannotBeWrittenIsAFailure) {
-    EXPECT_EQ(world_.Brand(u"AppName = x\n"), 0);
+    EXPECT_EQ(world_.Brand(u"AccPath = .\n"), 0);
     console_.outputIsFull = true;
     for (const std::vector<std::u16string>& arguments :
          {std::vector<std::u16string>{u"show", u"K.exe"},

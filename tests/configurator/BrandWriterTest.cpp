@@ -205,7 +205,7 @@ TEST_F(BrandWriterTest, EveryValueIsReadBackEqualOrRefusedWithAReason) {
                 continue;
             }
             if (field.kind != FieldKind::Flag) {
-                EXPECT_EQ(result.value, text::Trim(value)) << seed << ' ' << field.number;
+                EXPECT_EQ(result.value, TrimBlanksAndTabs(value)) << seed << ' ' << field.number;
             }
             settings.Set(field.number, result.value);
             ++accepted;
@@ -239,8 +239,8 @@ TEST_F(BrandWriterTest, ValuesThatBeginAndEndWithAnyCharacterComeBack) {
             const bool isCredential = fields[i]->kind == FieldKind::Credential;
             const AcceptedValue value = AcceptValue(
                 *fields[i], std::u16string(edge).append(u"mitte").append(edge), world_.codec);
-            const bool isRefused =
-                code == 0 || code == 10 || code == 13 || code == (isCredential ? 32 : 127);
+            const bool isRefused = code == 0 || code == 10 || code == 13 ||
+                                   (isCredential ? code == 32 || code == 9 : code == 127);
             EXPECT_EQ(value.problem.empty(), !isRefused) << code << ' ' << fields[i]->number;
             settings.Set(fields[i]->number, value.value);
         }

@@ -40,11 +40,14 @@ TEST(ModelTest, CredentialTakesItsUsableWidthAndOneMoreIsRefused) {
     EXPECT_NE(AcceptValue(Field(kFieldEditPwd), std::u16string(13, u'ä'), codec).problem, u"");
 }
 
-TEST(ModelTest, BlanksAroundAreDroppedButRefusedInACredential) {
+TEST(ModelTest, BlanksAndTabsAroundAreDroppedButRefusedInACredential) {
     const TextCodec1252 codec;
     EXPECT_EQ(AcceptValue(Field(kFieldCmd), u"  a b ", codec).value, u"a b");
     EXPECT_EQ(AcceptValue(Field(kFieldPwd), u"a ", codec).problem,
-              u"Der Wert darf nicht mit einem Leerzeichen beginnen oder enden.");
+              u"Der Wert darf nicht mit einem Leerzeichen oder Tabulator beginnen oder enden.");
+    EXPECT_EQ(AcceptValue(Field(kFieldCmd), u"\ta b\t ", codec).value, u"a b");
+    EXPECT_EQ(AcceptValue(Field(kFieldPwd), u"\ta", codec).problem,
+              u"Der Wert darf nicht mit einem Leerzeichen oder Tabulator beginnen oder enden.");
 }
 
 TEST(ModelTest, DeleteCharacterIsRefused) {

@@ -211,14 +211,14 @@ def test_export_is_branded_to_the_same_bytes(program, folder):
 
 
 def test_check_reports_what_is_not_meant(program, folder):
-    settings = "Pwd = x\nPicPath = Bilder\nHCID = abc\nDBRegList01 = FOO\\A\\B\n"
+    settings = "Pwd = x\nPicPath = Bilder\nHCID = abc\nDBRegList01 = FOO\\A\\B\nAccPath = C:\\Office\n"
     assert brand(program, folder, settings).code == 0
     for file, place in (("K.ini", "K.ini, Zeile 1, "), ("K.exe", "K.exe, ")):
         result = program.run(folder, "check", file)
         assert result.code == 1
         assert f"{place}Pwd: Das Kennwort wird nicht verwendet" in result.err
         assert len(result.err.splitlines()) == 4, result
-    write(folder, "gut.ini", "DBFilename = Kunden.mdb\n")
+    write(folder, "gut.ini", "DBFilename = Kunden.mdb\nAccPath = C:\\Office\n")
     result = program.run(folder, "check", "gut.ini")
     assert (result.code, result.out, result.err) == (0, "gut.ini: keine Beanstandungen.\n", "")
 

@@ -1,0 +1,293 @@
+#include <algorithm>
+#include <iterator>
+
+#include "configurator/CheckRun.h"
+#include "launch/RegistryKeyList.h"
+#include "text/Text.h"
+
+namespace tarvex {
+namespace {
+
+constexpr std::size_t kNone = std::u16string_view::npos;
+
+std::u16string Quoted(std::u16string_view text) {
+    return u"'" + std::u16string(text) + u"'";
+}
+
+std::u16string EntryText(std::u16string_view text) {
+    return u"Der Eintrag " + Quoted(text) + u" ";
+}
+
+/// Values that Windows itself keeps as expandable text.
+struct ExpandableValue {
+    std::int32_t root;
+    std::u16string_view key;
+    std::u16string_view value;  ///< empty: every value of the key
+    std::u16string_view advice;
+};
+
+constexpr ExpandableValue kExpandableValues[] = {
+    {kHKeyCurrentUser,
+     u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders",
+     {},
+     u" Der Schlüssel 'Shell Folders' daneben enthält dieselben Ordner als einfachen Text."},
+    {kHKeyLocalMachine,
+     u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders",
+     {},
+     u" Der Schlüssel 'Shell Folders' daneben enthält dieselben Ordner als einfachen Text."},
+    {kHKeyLocalMachine, u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion", u"ProgramFilesPath",
+     u" Der Wert 'ProgramFilesDir' daneben enthält den Ordner als einfachen Text."},
+    {kHKeyLocalMachine,
+     u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\ProfileList",
+     u"ProfilesDirectory",
+     {}},
+    {kHKeyCurrentUser, u"Environment", u"TEMP", {}},
+    {kHKeyCurrentUser, u"Environment", u"TMP", {}},
+    {kHKeyLocalMachine,
+     u"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment",
+     u"Path",
+     {}},
+    {kHKeyLocalMachine,
+     u"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment",
+     u"TEMP",
+     {}},
+    {kHKeyLocalMachine,
+     u"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment",
+     u"TMP",
+     {}},
+    {kHKeyLocalMachine,
+     u"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment",
+     u"windir",
+     {}},
+};
+
+/// What between two bars, with the percent signs beside them, could be meant as a marker; from the
+/// first bar on when there is only one. Empty without a bar.
+std::u16string_view FindMarkerLike(std::u16string_view text) {
+    const std::size_t first = text.find(u'|');
+    if (first == kNone) {
+        return {};
+    }
+    const std::size_t start = first > 0 && text[first - 1] == u'%' ? first - 1 : first;
+    std::size_t end = text.find(u'|', first + 1);
+    if (end != kNone) {
+        end += text::Drop(text, end + 1).starts_with(u'%') ? 2U : 1U;
+    }
+    return text.substr(start, end == kNone ? kNone : end - start);
+}
+
+bool IsMarkerName(std::u16string_view variable) {
+    const std::u16string_view names[] = {u"%SubDir%", u"%Filename%", u"%File%"};
+    return std::any_of(std::begin(names), std::end(names), [variable](std::u16string_view name) {
+        return text::EqualsIgnoreCase(variable, name);
+    });
+}
+
+class EntryChecker {
+public:
+    EntryChecker(CheckRun& run, const CheckTarget& target, std::int32_t number,
+                 std::u16string_view text)
+        : run_(run), target_(target), number_(number), text_(text) {}
+
+    void Check() {
+        const KeyListParse parse = ParseKeyListEntry(text_, markers_);
+        if (!MarkersAreRight(parse.entry)) {
+            return;
+        }
+        if (parse.error == LaunchError::EntryWithoutHKey) {
+            run_.Report(u"key-list-entry", number_,
+                        EntryText(text_) + u"beginnt nicht mit HKLM, HKCU, HKCR oder HKU.");
+            return;
+        }
+        if (parse.error) {
+            run_.Report(u"key-list-entry", number_,
+                        EntryText(text_) +
+                            u"ist kein Registrierungsschlüssel der Form "
+                            u"HKLM\\Schlüssel\\Wertname.");
+            return;
+        }
+        CheckKey(parse.entry);
+        if (target_.fileName == 0) {
+            CheckAccessEntry(parse.entry);
+        } else {
+            CheckFileEntry(parse.entry);
+        }
+    }
+
+private:
+    bool MarkersAreRight(const KeyListEntry& entry) {
+        for (const std::u16string_view marker : {markers_.subFolder, markers_.fileName}) {
+            if (text::FindIgnoreCase(entry.fileName, marker) != kNone ||
+                text::FindIgnoreCase(entry.subFolder, marker) != kNone) {
+                run_.Report(u"key-list-marker-order", number_,
+                            EntryText(text_) +
+                                u"enthält eine Marke doppelt oder an falscher Stelle; zuerst "
+                                u"kommt '%|SubDir|%' mit dem Unterordner, dann '%|Filename%|' mit "
+                                u"dem Dateinamen.");
+                return false;
+            }
+        }
+        // A tab takes the place of the known markers: nothing around them grows together.
+        std::u16string rest(text_);
+        for (const std::u16string_view marker :
+             {markers_.fileName, markers_.subFolder, markers_.list}) {
+            for (std::size_t at = text::FindIgnoreCase(rest, marker); at != kNone;
+                 at = text::FindIgnoreCase(rest, marker)) {
+                rest.replace(at, marker.size(), u"\t");
+            }
+        }
+        std::u16string_view found = FindMarkerLike(rest);
+        const std::u16string_view variable = FindVariable(text::Left(rest, rest.find(u'\t')));
+        if (found.empty() && IsMarkerName(variable)) {
+            found = variable;
+        }
+        if (found.find(u'%') != kNone) {
+            run_.Report(u"key-list-marker", number_,
+                        Quoted(found) +
+                            u" ist keine Marke; es gibt '%|SubDir|%' vor einem Unterordner, "
+                            u"'%|Filename%|' vor einem Dateinamen und '%|%' zwischen Einträgen.");
+            return false;
+        }
+        if (!found.empty()) {
+            run_.Report(u"key-list-bar", number_,
+                        EntryText(text_) +
+                            u"enthält '|' außerhalb einer Marke. In einer Stapeldatei (.bat, .cmd) "
+                            u"muss '%%|SubDir|%%' für '%|SubDir|%' stehen.");
+            return false;
+        }
+        if (!variable.empty()) {
+            run_.Report(u"key-variable", number_,
+                        Quoted(variable) + u" wird in einem Schlüssel nicht ersetzt.");
+        }
+        return true;
+    }
+
+    void CheckKey(const KeyListEntry& entry) {
+        KeyListEntry better = entry;
+        const std::u16string_view node = u"SOFTWARE\\WOW6432Node";
+        if (entry.root == kHKeyLocalMachine &&
+            text::StartsWithIgnoreCase(entry.keyPath + u"\\", std::u16string(node) + u"\\")) {
+            better.keyPath = u"SOFTWARE" + entry.keyPath.substr(node.size());
+            run_.Report(u"key-wow6432node", number_,
+                        EntryText(text_) +
+                            u"nennt WOW6432Node. Ein 32-Bit-Programm wird von selbst dorthin "
+                            u"geführt, und ein 32-Bit-Windows hat den Schlüssel nicht. Besser: " +
+                            Quoted(BuildKeyListEntry(better, markers_)) + u".");
+        }
+        if (entry.keyPath.starts_with(u'\\') || entry.keyPath.ends_with(u'\\') ||
+            entry.keyPath.find(u"\\\\") != kNone) {
+            better = entry;
+            better.keyPath.clear();
+            for (const std::u16string_view part : text::Split(entry.keyPath, u'\\')) {
+                text::AppendWithSeparator(better.keyPath, part, u"\\", true);
+            }
+            run_.Report(u"key-separator", number_,
+                        EntryText(text_) +
+                            u"enthält '\\' doppelt; nicht jedes Windows findet ihn so. Besser: " +
+                            Quoted(BuildKeyListEntry(better, markers_)) + u".");
+        }
+        for (const ExpandableValue& known : kExpandableValues) {
+            if (known.root == entry.root && text::EqualsIgnoreCase(known.key, entry.keyPath) &&
+                (known.value.empty() || text::EqualsIgnoreCase(known.value, entry.valueName))) {
+                run_.Report(
+                    u"key-expandable", number_,
+                    EntryText(text_) +
+                        u"nennt einen Wert, den Windows als erweiterbaren Text (REG_EXPAND_SZ) "
+                        u"ablegt; gelesen wird nur einfacher Text (REG_SZ), er gilt als fehlend." +
+                        std::u16string(known.advice));
+            }
+        }
+    }
+
+    void CheckAccessEntry(const KeyListEntry& entry) {
+        CheckPath(run_, number_, entry.subFolder, PathUse::EntryFolder);
+        if (!entry.fileName.empty() && !text::EqualsIgnoreCase(entry.fileName, u"msaccess.exe")) {
+            run_.Report(u"access-entry-file", number_,
+                        EntryText(text_) +
+                            u"nennt einen Dateinamen, der hier nicht beachtet wird; gesucht wird "
+                            u"immer msaccess.exe.");
+        }
+    }
+
+    void CheckFileEntry(const KeyListEntry& entry) {
+        CheckPath(run_, number_, entry.subFolder, PathUse::EntryFolder);
+        CheckPath(run_, number_, entry.fileName, PathUse::EntryFile);
+        const bool isPicture = target_.path == kFieldPicPath;
+        if (!entry.fileName.empty()) {
+            if (isPicture && !IsPictureFile(entry.fileName)) {
+                run_.Report(u"picture-type", number_,
+                            u"Der Bildtyp von " + Quoted(entry.fileName) +
+                                u" ist unbekannt; möglich sind .bmp und .jpg.");
+            }
+        } else if (!entry.subFolder.empty()) {
+            run_.Report(u"sub-folder-without-file", number_,
+                        EntryText(text_) +
+                            u"nennt einen Unterordner, aber keinen Dateinamen; er führt nie zu "
+                            u"einer Datei.");
+        } else if (isPicture) {
+            run_.Report(u"picture-entry-without-file", number_,
+                        EntryText(text_) +
+                            u"nennt keine Datei; er führt nur zu einem Bild, wenn der Wert in der "
+                            u"Registrierung dessen voller Pfad ist. Sonst '%|Filename%|' mit dem "
+                            u"Dateinamen anhängen.");
+        }
+    }
+
+    CheckRun& run_;
+    const CheckTarget& target_;
+    std::int32_t number_;
+    std::u16string_view text_;
+    KeyListMarkers markers_;
+};
+
+void CheckKeyListField(CheckRun& run, const CheckTarget& target, std::int32_t number) {
+    const std::u16string_view value = run.Value(number);
+    const KeyListMarkers markers;
+    const bool hasListMarker = text::FindIgnoreCase(value, markers.list) != kNone;
+    if (!target.entriesAreLists) {
+        if (hasListMarker) {
+            run.Report(u"key-list-not-divided", number,
+                       u"Der Wert enthält die Listenmarke '%|%'; hier steht nur ein Eintrag je "
+                       u"Feld.");
+        }
+        EntryChecker(run, target, number, value).Check();
+        return;
+    }
+    if (hasListMarker) {
+        run.Report(u"key-list-divided", number,
+                   u"Der Wert enthält die Listenmarke '%|%'; er wird dort in mehrere Einträge "
+                   u"geteilt.");
+    }
+    for (const std::u16string& entry : text::SplitList(value, markers.list)) {
+        EntryChecker(run, target, number, entry).Check();
+    }
+}
+
+void CheckPrecedence(CheckRun& run, const CheckTarget& target) {
+    for (const std::int32_t number : {target.path, target.fileName}) {
+        if (number != 0 && run.IsSet(number)) {
+            run.Report(u"key-list-before-path", number,
+                       u"Der Wert wird nicht beachtet, weil die Schlüsselliste " +
+                           FieldName(target.list.Field(1)) + u" bis " +
+                           FieldName(target.list.Field(KeyListFields::kCount)) + u" Einträge hat.");
+        }
+    }
+}
+
+}  // namespace
+
+void CheckKeyLists(CheckRun& run) {
+    for (const CheckTarget& target :
+         {kAccessTarget, kDatabaseTarget, kPictureTarget, kWorkgroupTarget}) {
+        for (const std::int32_t number : target.list.Numbers()) {
+            if (run.IsSet(number)) {
+                CheckKeyListField(run, target, number);
+            }
+        }
+        if (run.HasKeyList(target.list)) {
+            CheckPrecedence(run, target);
+        }
+    }
+}
+
+}  // namespace tarvex
