@@ -28,8 +28,8 @@ TEST(Win32FileStoreTest, ReadOnlyFileIsRefused) {
 }
 
 TEST(Win32FileStoreTest, DeviceIsRefused) {
-    EXPECT_EQ(ProblemOf([] { Win32FileStore().Open(u"NUL"); }), FileProblem::AccessDenied);
-    EXPECT_EQ(ProblemOf([] { Win32FileStore().ReadAll(u"NUL"); }), FileProblem::AccessDenied);
+    EXPECT_EQ(ProblemOf([] { Win32FileStore().Open(u"NUL"); }), FileProblem::NotAFile);
+    EXPECT_EQ(ProblemOf([] { Win32FileStore().ReadAll(u"NUL"); }), FileProblem::NotAFile);
 }
 
 TEST(Win32FileStoreTest, OpenFileMayBeReadByOthers) {
@@ -52,7 +52,7 @@ TEST(Win32FileStoreTest, HiddenFileStaysHidden) {
     folder.MakeFile(u"a.exe", "alt");
     const std::u16string path = folder.Path(u"a.exe");
     SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
-    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path);
+    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path, {});
     EXPECT_EQ(folder.Bytes(u"a.exe"), "neu");
     EXPECT_EQ(GetFileAttributesW(Wide(path)) & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM),
               DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM});
@@ -66,7 +66,7 @@ TEST(Win32FileStoreTest, FileOpenElsewhereIsNotReplaced) {
     const std::u16string temp = store.WriteNewBeside(path, "neu");
     {
         const auto open = world.files().Open(path);
-        EXPECT_NE(ProblemOf([&] { store.ReplaceWith(temp, path); }), std::nullopt);
+        EXPECT_NE(ProblemOf([&] { store.ReplaceWith(temp, path, {}); }), std::nullopt);
     }
     EXPECT_EQ(world.Bytes(u"a.exe"), "alt");
     EXPECT_EQ(store.ReadAll(temp), "neu");
@@ -78,9 +78,10 @@ TEST(Win32FileFailureTest, CodesOfTheSystemBecomeProblems) {
     EXPECT_EQ(problem(ERROR_PATH_NOT_FOUND), FileProblem::PathNotFound);
     EXPECT_EQ(problem(ERROR_INVALID_NAME), FileProblem::PathNotFound);
     EXPECT_EQ(problem(ERROR_ACCESS_DENIED), FileProblem::AccessDenied);
-    EXPECT_EQ(problem(ERROR_WRITE_PROTECT), FileProblem::AccessDenied);
+    EXPECT_EQ(problem(ERROR_WRITE_PROTECT), FileProblem::ReadOnlyMedium);
     EXPECT_EQ(problem(ERROR_SHARING_VIOLATION), FileProblem::InUse);
     EXPECT_EQ(problem(ERROR_LOCK_VIOLATION), FileProblem::InUse);
+    EXPECT_EQ(problem(ERROR_ALREADY_EXISTS), FileProblem::Exists);
     EXPECT_EQ(problem(ERROR_DISK_FULL), FileProblem::DiskFull);
     EXPECT_EQ(problem(ERROR_CRC), FileProblem::Device);
 }
