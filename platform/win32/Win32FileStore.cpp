@@ -115,10 +115,10 @@ std::string Win32FileStore::ReadAll(std::u16string_view path) {
 std::u16string Win32FileStore::WriteNewBeside(std::u16string_view path, std::string_view bytes) {
     const std::u16string target = FollowLink(FilePath(path));
     DWORD error = ERROR_SUCCESS;
-    BeginTemporary();
+    ProgramGate().Enter();
     std::u16string temp = WriteNewFileBeside(target, bytes, error);
     if (temp.empty()) {
-        EndTemporary();
+        ProgramGate().Leave();
         throw FileFailureOf(error);
     }
     temporaries_.insert(temp);
@@ -171,7 +171,7 @@ void Win32FileStore::Settle(std::u16string_view temp) {
     const auto found = temporaries_.find(temp);
     if (found != temporaries_.end()) {
         temporaries_.erase(found);
-        EndTemporary();
+        ProgramGate().Leave();
     }
 }
 

@@ -115,6 +115,48 @@ TEST_F(BrandWriterTest, FileThatWouldBeDamagedIsNotWritten) {
               std::vector<std::u16string>({u"lock K.exe", u"read K.exe", u"unlock K.exe"}));
 }
 
+TEST_F(BrandWriterTest, FileIsLockedFromReadingToReplacing) {
+    Settings changes;
+    changes.Set(kFieldFileID, u"42");
+    EXPECT_TRUE(Writer().Change(u"T.exe", changes).empty());
+    ASSERT_EQ(world_.store.log.size(), 6U);
+    EXPECT_EQ(world_.store.log.front(), u"lock T.exe");
+    EXPECT_EQ(world_.store.log[1], u"read T.exe");
+    EXPECT_EQ(world_.store.log[4], u"replace T.exe with T.exe.new1");
+    EXPECT_EQ(world_.store.log.back(), u"unlock T.exe");
+}
+
+TEST_F(BrandWriterTest, NewOutputIsMadeOnlyWhereNothingIsAndLikeTheTemplate) {
+    EXPECT_TRUE(Writer().Brand(u"T.exe", u"K.exe", {}, {}).empty());
+    EXPECT_EQ(world_.store.log.back(), u"place K.exe from K.exe.new1");
+    EXPECT_EQ(world_.store.lastAccess.model, u"T.exe");
+    const Problems problems = Writer().Brand(u"T.exe", u"K.exe", {}, {});
+    ASSERT_EQ(problems.size(), 1U);
+    EXPECT_EQ(ProblemLine(problems[0]),
+              u"K.exe: Die Datei ist schon vorhanden; --force ersetzt sie.");
+}
+
+TEST_F(BrandWriterTest, TemplateIsNeverReplaced) {
+    const std::string before = world_.files.Bytes(u"T.exe");
+    const Problems problems = Writer().Brand(u"T.exe", u"t.EXE", {}, {.force = true});
+    ASSERT_EQ(problems.size(), 1U);
+    EXPECT_EQ(ProblemLine(problems[0]),
+              u"t.EXE: Die Ausgabe wäre dieselbe Datei wie die Eingabe 'T.exe'.");
+    EXPECT_EQ(world_.files.Bytes(u"T.exe"), before);
+}
+
+TEST_F(BrandWriterTest, HardLinksThatBreakAreNoted) {
+    world_.store.entries[u"T.exe"] = {FileKind::Regular, false, 2};
+    Settings changes;
+    changes.Set(kFieldFileID, u"42");
+    BrandWriter writer = Writer();
+    EXPECT_TRUE(writer.Change(u"T.exe", changes).empty());
+    ASSERT_EQ(writer.Notes().size(), 1U);
+    EXPECT_EQ(ProblemLine(writer.Notes()[0]),
+              u"T.exe: Die Datei hatte 2 Namen (feste Links); die anderen führen noch zum alten "
+              u"Inhalt.");
+}
+
 TEST_F(BrandWriterTest, WhateverCallFailsTheOldFileStaysAndNoCopyIsLeft) {
     Settings settings;
     settings.Set(kFieldAppName, u"Neu");

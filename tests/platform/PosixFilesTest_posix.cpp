@@ -1,11 +1,21 @@
+#include <fcntl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
 
 #include "platform/posix/PosixFile.h"
 #include "platform/posix/PosixFileStore.h"
 #include "tests/platform/RealFilesContract.h"
+#include "tests/support/ChildProcess_posix.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -37,7 +47,7 @@ TEST(PosixFileStoreTest, PermissionBitsOfTheOldFileStay) {
     folder.MakeFile(u"a.exe", "alt");
     const std::u16string path = folder.Path(u"a.exe");
     ASSERT_EQ(chmod(Utf8(path).c_str(), 0751), 0);
-    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path);
+    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path, {});
     EXPECT_EQ(folder.Bytes(u"a.exe"), "neu");
     EXPECT_EQ(PermissionBits(path), mode_t{0751});
 }
@@ -49,7 +59,7 @@ TEST(PosixFileStoreTest, FileBehindALinkIsReplaced) {
     elsewhere.MakeFile(u"a.exe", "alt");
     const std::u16string link = folder.Path(u"link.exe");
     ASSERT_EQ(symlink(Utf8(elsewhere.Path(u"a.exe")).c_str(), Utf8(link).c_str()), 0);
-    store.ReplaceWith(store.WriteNewBeside(link, "neu"), link);
+    store.ReplaceWith(store.WriteNewBeside(link, "neu"), link, {});
     EXPECT_EQ(elsewhere.Bytes(u"a.exe"), "neu");
     EXPECT_EQ(elsewhere.Names(), std::vector<std::u16string>{u"a.exe"});
     struct stat status {};
@@ -57,22 +67,278 @@ TEST(PosixFileStoreTest, FileBehindALinkIsReplaced) {
     EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
-TEST(PosixFileStoreTest, PipeIsRefusedAtOnce) {
-    TestFolder folder;
-    const std::u16string pipe = folder.Path(u"pipe");
-    ASSERT_EQ(mkfifo(Utf8(pipe).c_str(), 0600), 0);
-    PosixFileStore files;
-    EXPECT_FALSE(files.FileExists(pipe));
-    EXPECT_EQ(ProblemOf([&] { files.Open(pipe); }), FileProblem::AccessDenied);
-    EXPECT_EQ(ProblemOf([&] { PosixFileStore().ReadAll(pipe); }), FileProblem::AccessDenied);
+/// A name of each kind that is no regular file, and how it is answered.
+struct NastyFile {
+    const char* name;
+    void (*make)(const std::string& path);
+    FileEntry entry;
+    FileProblem reading;
+    FileProblem replacing;
+};
+
+void MakeSocket(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    ASSERT_LT(path.size(), sizeof address.sun_path);
+    std::memcpy(address.sun_path, path.data(), path.size());
+    const int socketFile = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(socketFile, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    close(socketFile);
 }
 
-TEST(PosixFileStoreTest, FullDiskIsNamed) {
+const NastyFile kNastyFiles[] = {
+    {"Pipe",
+     [](const std::string& path) { ASSERT_EQ(mkfifo(path.c_str(), 0666), 0); },
+     {FileKind::Other, false},
+     FileProblem::NotAFile,
+     FileProblem::NotAFile},
+    {"Socket", MakeSocket, {FileKind::Other, false}, FileProblem::NotAFile, FileProblem::NotAFile},
+    {"Device",
+     [](const std::string& path) { ASSERT_EQ(symlink("/dev/null", path.c_str()), 0); },
+     {FileKind::Other, true},
+     FileProblem::NotAFile,
+     FileProblem::NotAFile},
+    {"Folder",
+     [](const std::string& path) { ASSERT_EQ(mkdir(path.c_str(), 0777), 0); },
+     {FileKind::Folder, false},
+     FileProblem::IsFolder,
+     FileProblem::IsFolder},
+    {"LinkToAFolder",
+     [](const std::string& path) { ASSERT_EQ(symlink(".", path.c_str()), 0); },
+     {FileKind::Folder, true},
+     FileProblem::IsFolder,
+     FileProblem::IsFolder},
+    {"LinkToNothing",
+     [](const std::string& path) { ASSERT_EQ(symlink("fehlt.exe", path.c_str()), 0); },
+     {FileKind::None, true},
+     FileProblem::NotFound,
+     FileProblem::NotFound},
+    {"LinkToItself",
+     [](const std::string& path) { ASSERT_EQ(symlink(path.c_str(), path.c_str()), 0); },
+     {FileKind::None, true},
+     FileProblem::PathNotFound,
+     FileProblem::NotFound},
+};
+
+class NastyFileTest : public testing::TestWithParam<NastyFile> {
+protected:
+    TestFolder folder_;
+    PosixFileStore store_;
+};
+
+TEST_P(NastyFileTest, IsDescribedAndNeitherReadNorReplacedNorTakenForNothing) {
+    const std::u16string path = folder_.Path(u"x.exe");
+    GetParam().make(Utf8(path));
+    const std::vector<std::u16string> before = folder_.Names();
+    const FileEntry entry = store_.Describe(path);
+    EXPECT_EQ(entry.kind, GetParam().entry.kind);
+    EXPECT_EQ(entry.isLink, GetParam().entry.isLink);
+    EXPECT_FALSE(store_.FileExists(path));
+    EXPECT_EQ(ProblemOf([&] { store_.ReadAll(path); }), GetParam().reading);
+    EXPECT_EQ(ProblemOf([&] { store_.Open(path); }), GetParam().reading);
+    EXPECT_EQ(ProblemOf([&] { store_.Lock(path, std::chrono::seconds(1)); }), GetParam().replacing);
+    const std::u16string temp = store_.WriteNewBeside(folder_.Path(u"neu.exe"), "neu");
+    EXPECT_EQ(ProblemOf([&] { store_.ReplaceWith(temp, path, {}); }), GetParam().replacing);
+    EXPECT_EQ(ProblemOf([&] { store_.PlaceNew(temp, path, {}); }), FileProblem::Exists);
+    store_.Remove(temp);
+    EXPECT_EQ(folder_.Names(), before);
+    EXPECT_EQ(store_.Describe(path).kind, GetParam().entry.kind);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, NastyFileTest, testing::ValuesIn(kNastyFiles),
+                         [](const auto& kind) { return std::string(kind.param.name); });
+
+TEST(PosixFileStoreTest, LinkToAFileStandsForTheFile) {
+    TestFolder folder;
+    PosixFileStore store;
+    folder.MakeFile(u"a.exe", "alt");
+    const std::u16string link = folder.Path(u"link.exe");
+    ASSERT_EQ(symlink("a.exe", Utf8(link).c_str()), 0);
+    EXPECT_EQ(store.Describe(link).kind, FileKind::Regular);
+    EXPECT_TRUE(store.Describe(link).isLink);
+    EXPECT_TRUE(store.IsSameFile(link, folder.Path(u"a.exe")));
+}
+
+TEST(PosixFileStoreTest, HardLinksAreCountedAndOneFile) {
+    TestFolder folder;
+    PosixFileStore store;
+    folder.MakeFile(u"a.exe", "alt");
+    ASSERT_EQ(link(Utf8(folder.Path(u"a.exe")).c_str(), Utf8(folder.Path(u"b.exe")).c_str()), 0);
+    EXPECT_EQ(store.Describe(folder.Path(u"a.exe")).names, 2u);
+    EXPECT_TRUE(store.IsSameFile(folder.Path(u"a.exe"), folder.Path(u"b.exe")));
+}
+
+TEST(PosixFileStoreTest, NewFileIsItsOwnersUntilItIsInItsPlace) {
+    TestFolder folder;
+    PosixFileStore store;
+    const mode_t withheld = umask(022);
+    folder.MakeFile(u"a.exe", "alt");
+    const std::u16string path = folder.Path(u"a.exe");
+    const std::u16string temp = store.WriteNewBeside(path, "neu");
+    EXPECT_EQ(PermissionBits(temp), mode_t{0600});
+    store.ReplaceWith(temp, path, {});
+    EXPECT_EQ(PermissionBits(path), mode_t{0644});
+    umask(withheld);
+}
+
+TEST(PosixFileStoreTest, FinishedFileGetsTheAccessThatWasAskedFor) {
+    TestFolder folder;
+    PosixFileStore store;
+    const mode_t withheld = umask(027);
+    folder.MakeFile(u"muster.exe", "x");
+    const std::u16string model = folder.Path(u"muster.exe");
+    ASSERT_EQ(chmod(Utf8(model).c_str(), 0705), 0);
+    const auto bits = [&](std::u16string_view name, const FileAccess& access, bool replace) {
+        const std::u16string path = folder.Path(name);
+        const std::u16string temp = store.WriteNewBeside(path, "neu");
+        if (replace) {
+            store.ReplaceWith(temp, path, access);
+        } else {
+            store.PlaceNew(temp, path, access);
+        }
+        return PermissionBits(path);
+    };
+    EXPECT_EQ(bits(u"a", {}, false), mode_t{0640});
+    EXPECT_EQ(bits(u"b", {.model = model}, false), mode_t{0705});
+    EXPECT_EQ(bits(u"c", {.ownerOnly = true, .model = model}, false), mode_t{0600});
+    EXPECT_EQ(bits(u"d", {.model = model}, true), mode_t{0705});
+    EXPECT_EQ(bits(u"a", {.model = model}, true), mode_t{0640});
+    EXPECT_EQ(bits(u"a", {.ownerOnly = true}, true), mode_t{0600});
+    umask(withheld);
+}
+
+TEST(PosixFileStoreTest, OwnerOfTheOldFileStays) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only the superuser can give files away";
+    }
+    TestFolder folder;
+    PosixFileStore store;
+    folder.MakeFile(u"a.exe", "alt");
+    const std::u16string path = folder.Path(u"a.exe");
+    ASSERT_EQ(chown(Utf8(path).c_str(), 4711, 4712), 0);
+    ASSERT_EQ(chmod(Utf8(path).c_str(), 0666), 0);
+    EXPECT_TRUE(store.ReplaceWith(store.WriteNewBeside(path, "neu"), path, {}));
+    struct stat status {};
+    ASSERT_EQ(stat(Utf8(path).c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, uid_t{4711});
+    EXPECT_EQ(status.st_gid, gid_t{4712});
+}
+
+TEST(PosixFileStoreTest, OwnerThatCannotBeKeptIsTold) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only the superuser can make such a file";
+    }
+    TestFolder folder;
+    folder.MakeFile(u"a.exe", "alt");
+    const std::u16string path = folder.Path(u"a.exe");
+    ASSERT_EQ(chmod(Utf8(path).c_str(), 0666), 0);
+    ASSERT_EQ(chmod(Utf8(folder.Path()).c_str(), 0777), 0);
+    const int status = StatusOfProcess([&] {
+        PosixFileStore store;
+        if (setgid(4712) != 0 || setuid(4711) != 0) {
+            return 2;
+        }
+        return store.ReplaceWith(store.WriteNewBeside(path, "neu"), path, {}) ? 1 : 0;
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(folder.Bytes(u"a.exe"), "neu");
+}
+
+TEST(PosixFileStoreTest, ProgramThatRunsIsInUse) {
+    TestFolder folder;
+    PosixFileStore store;
+    const std::u16string path = folder.Path(u"laeuft");
+    std::filesystem::copy_file("/bin/sleep", Utf8(path));
+    const pid_t child = fork();
+    if (child == 0) {
+        execl(Utf8(path).c_str(), "sleep", "60", nullptr);
+        _exit(127);
+    }
+    // It runs when the system calls it by its name.
+    const std::string name = "/proc/" + std::to_string(child) + "/comm";
+    std::string command;
+    for (int i = 0; i < 500 && command != "laeuft"; ++i) {
+        std::ifstream(name) >> command;
+        usleep(10'000);
+    }
+    EXPECT_EQ(ProblemOf([&] { store.Lock(path, std::chrono::seconds(1)); }), FileProblem::InUse);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(ProblemOf([&] { store.Lock(path, std::chrono::seconds(1)); }), std::nullopt);
+}
+
+TEST(PosixFileStoreTest, LockIsOfTheFileThatHasTheNameNow) {
+    TestFolder folder;
+    PosixFileStore store;
+    folder.MakeFile(u"a.exe", "0");
+    const std::u16string path = folder.Path(u"a.exe");
+    constexpr int kProcesses = 4;
+    constexpr int kRounds = 25;
+    std::vector<pid_t> children;
+    for (int i = 0; i < kProcesses; ++i) {
+        children.push_back(fork());
+        if (children.back() == 0) {
+            for (int round = 0; round < kRounds; ++round) {
+                const auto lock = store.Lock(path, std::chrono::seconds(60));
+                const std::string next = std::to_string(std::stoi(store.ReadAll(path)) + 1);
+                store.ReplaceWith(store.WriteNewBeside(path, next), path, {});
+            }
+            _exit(0);
+        }
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(folder.Bytes(u"a.exe"), std::to_string(kProcesses * kRounds));
+}
+
+TEST(PosixFileStoreTest, NameThatIsNotUtf8IsReached) {
+    TestFolder folder;
+    PosixFileStore store;
+    const std::string bytes = Utf8(folder.Path()) +
+                              "/Gr\xF6\xDF"
+                              "e \xC3\xB6\xED\xA0\x80.exe";
+    std::ofstream(bytes) << "alt";
+    const std::u16string path = PosixText(bytes);
+    EXPECT_EQ(path, folder.Path(u"Gr\xDCF6\xDCDF"
+                                u"e ö\xDCED\xDCA0\xDC80.exe"));
+    EXPECT_EQ(PosixPath(path), bytes);
+    EXPECT_EQ(text::ToUtf8(path), Utf8(folder.Path()) + "/Gr\uFFFD\uFFFDe ö\uFFFD\uFFFD\uFFFD.exe");
+    EXPECT_EQ(store.ReadAll(path), "alt");
+    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path, {});
+    std::string content;
+    std::ifstream(bytes) >> content;
+    EXPECT_EQ(content, "neu");
+}
+
+TEST(PosixFileStoreTest, FolderWhoseNameIsNotUtf8TakesNewFiles) {
+    TestFolder folder;
+    PosixFileStore store;
+    const std::string inside = Utf8(folder.Path()) + "/\xE4";
+    ASSERT_EQ(mkdir(inside.c_str(), 0777), 0);
+    const std::u16string path = PosixText(inside + "/a.exe");
+    store.PlaceNew(store.WriteNewBeside(path, "neu"), path, {});
+    EXPECT_EQ(store.ReadAll(path), "neu");
+}
+
+TEST(PosixFileStoreTest, NamesInUtf8StayWhatTheyAre) {
+    for (const std::u16string_view name : {u"a", u"Größe Ω", u"\xD83D\xDE00", u"\xFFFD"}) {
+        EXPECT_EQ(PosixText(text::ToUtf8(name)), name);
+        EXPECT_EQ(PosixPath(name), text::ToUtf8(name));
+    }
+}
+
+TEST(PosixFileStoreTest, CodesOfTheSystemBecomeProblems) {
     EXPECT_EQ(PosixFailure(ENOSPC).problem, FileProblem::DiskFull);
-    EXPECT_EQ(PosixFailure(EROFS).problem, FileProblem::AccessDenied);
+    EXPECT_EQ(PosixFailure(EROFS).problem, FileProblem::ReadOnlyMedium);
     EXPECT_EQ(PosixFailure(EACCES).problem, FileProblem::AccessDenied);
     EXPECT_EQ(PosixFailure(ETXTBSY).problem, FileProblem::InUse);
     EXPECT_EQ(PosixFailure(ENOTDIR).problem, FileProblem::PathNotFound);
+    EXPECT_EQ(PosixFailure(EISDIR).problem, FileProblem::IsFolder);
+    EXPECT_EQ(PosixFailure(ENXIO).problem, FileProblem::NotAFile);
+    EXPECT_EQ(PosixFailure(EEXIST).problem, FileProblem::Exists);
     EXPECT_EQ(PosixFailure(EIO).problem, FileProblem::Device);
 }
 

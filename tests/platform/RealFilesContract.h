@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+
 #include "platform/FileStore.h"
 #include "tests/platform/BinaryFilesContract.h"
 #include "tests/support/TestFolder.h"
@@ -17,7 +19,7 @@ private:
 };
 
 /// What a real system's FileStore does beyond the contracts of the fakes: two users of one file,
-/// and replacing.
+/// locking, and putting files in their places.
 template <class Store>
 class RealFilesContract : public testing::Test {
 protected:
@@ -60,7 +62,7 @@ TYPED_TEST_P(RealFilesContract, ReadAllGivesEveryByte) {
     EXPECT_EQ(ProblemOf([&] { this->store.ReadAll(this->folder.Path(u"b.exe")); }),
               FileProblem::NotFound);
     EXPECT_EQ(ProblemOf([&] { this->store.ReadAll(this->folder.Path(u"Ordner")); }),
-              FileProblem::AccessDenied);
+              FileProblem::IsFolder);
 }
 
 TYPED_TEST_P(RealFilesContract, NewFileLiesBesideAndTheOldOneStays) {
@@ -83,14 +85,14 @@ TYPED_TEST_P(RealFilesContract, NewFileTakesThePlaceOfTheOldOne) {
     const std::u16string path = this->folder.Path(u"Größe Ω.exe");
     const std::u16string temp = this->store.WriteNewBeside(path, "neu");
     this->store.Open(temp)->Write("N");
-    this->store.ReplaceWith(temp, path);
+    this->store.ReplaceWith(temp, path, {});
     EXPECT_EQ(this->folder.Bytes(u"Größe Ω.exe"), "Neu");
     EXPECT_EQ(this->folder.Names(), typename TestFixture::Names{u"Größe Ω.exe"});
 }
 
 TYPED_TEST_P(RealFilesContract, NewFileMayTakeAnUnusedName) {
     const std::u16string path = this->folder.Path(u"neu.exe");
-    this->store.ReplaceWith(this->store.WriteNewBeside(path, "neu"), path);
+    this->store.ReplaceWith(this->store.WriteNewBeside(path, "neu"), path, {});
     EXPECT_EQ(this->folder.Bytes(u"neu.exe"), "neu");
     EXPECT_EQ(this->folder.Names(), typename TestFixture::Names{u"neu.exe"});
 }
@@ -101,7 +103,8 @@ TYPED_TEST_P(RealFilesContract, ReadOnlyFileIsNotReplaced) {
     this->folder.MakeReadOnly(u"a.exe");
     const std::u16string path = this->folder.Path(u"a.exe");
     const std::u16string temp = this->folder.Path(u"b.exe");
-    EXPECT_EQ(ProblemOf([&] { this->store.ReplaceWith(temp, path); }), FileProblem::AccessDenied);
+    EXPECT_EQ(ProblemOf([&] { this->store.ReplaceWith(temp, path, {}); }),
+              FileProblem::AccessDenied);
     EXPECT_EQ(this->folder.Bytes(u"a.exe"), "alt");
     EXPECT_EQ(this->folder.Bytes(u"b.exe"), "neu");
 }
@@ -110,11 +113,11 @@ TYPED_TEST_P(RealFilesContract, FailedReplacementLeavesBothAsTheyWere) {
     this->folder.MakeFile(u"b.exe", "neu");
     this->folder.MakeFolder(u"Ordner");
     const std::u16string temp = this->folder.Path(u"b.exe");
-    EXPECT_NE(ProblemOf([&] { this->store.ReplaceWith(temp, this->folder.Path(u"Ordner")); }),
-              std::nullopt);
+    EXPECT_EQ(ProblemOf([&] { this->store.ReplaceWith(temp, this->folder.Path(u"Ordner"), {}); }),
+              FileProblem::IsFolder);
     EXPECT_EQ(ProblemOf([&] {
                   this->store.ReplaceWith(this->folder.Path(u"Fehlt.tmp"),
-                                          this->folder.Path(u"b.exe"));
+                                          this->folder.Path(u"b.exe"), {});
               }),
               FileProblem::NotFound);
     EXPECT_EQ(this->folder.Bytes(u"b.exe"), "neu");
@@ -126,10 +129,83 @@ TYPED_TEST_P(RealFilesContract, RemoveNamesAMissingFile) {
               FileProblem::NotFound);
 }
 
+TYPED_TEST_P(RealFilesContract, NameIsDescribedByWhatItStandsFor) {
+    this->folder.MakeFile(u"Größe Ω.exe", "alt");
+    this->folder.MakeFolder(u"Ordner");
+    const auto kind = [this](std::u16string_view name) {
+        return this->store.Describe(this->folder.Path(name)).kind;
+    };
+    EXPECT_EQ(kind(u"Größe Ω.exe"), FileKind::Regular);
+    EXPECT_EQ(kind(u"Ordner"), FileKind::Folder);
+    EXPECT_EQ(kind(u"Fehlt.exe"), FileKind::None);
+    EXPECT_EQ(kind(u"Fehlt/a.exe"), FileKind::None);
+    EXPECT_FALSE(this->store.Describe(this->folder.Path(u"Fehlt.exe")).isLink);
+    EXPECT_EQ(this->store.Describe(this->folder.Path(u"Größe Ω.exe")).names, 1u);
+    EXPECT_EQ(ProblemOf([this] { this->store.Describe(u""); }), FileProblem::PathNotFound);
+}
+
+TYPED_TEST_P(RealFilesContract, FileIsTheSameUnderEveryNameOfIt) {
+    this->folder.MakeFile(u"a.exe", "alt");
+    this->folder.MakeFile(u"b.exe", "alt");
+    this->folder.MakeFolder(u"Ordner");
+    const std::u16string path = this->folder.Path(u"a.exe");
+    EXPECT_TRUE(this->store.IsSameFile(path, path));
+    EXPECT_TRUE(this->store.IsSameFile(path, this->folder.Path(u"Ordner/../a.exe")));
+    EXPECT_FALSE(this->store.IsSameFile(path, this->folder.Path(u"b.exe")));
+    EXPECT_FALSE(this->store.IsSameFile(path, this->folder.Path(u"Fehlt.exe")));
+    EXPECT_FALSE(
+        this->store.IsSameFile(this->folder.Path(u"Fehlt.exe"), this->folder.Path(u"Fehlt.exe")));
+}
+
+TYPED_TEST_P(RealFilesContract, LockExcludesTheSecondUntilItGoes) {
+    using namespace std::chrono_literals;
+    this->folder.MakeFile(u"a.exe", "alt");
+    const std::u16string path = this->folder.Path(u"a.exe");
+    std::unique_ptr<FileLock> first = this->store.Lock(path, 0ms);
+    EXPECT_EQ(ProblemOf([&] { this->store.Lock(path, 30ms); }), FileProblem::Locked);
+    // The one who has it reads and replaces.
+    EXPECT_EQ(this->store.ReadAll(path), "alt");
+    this->store.ReplaceWith(this->store.WriteNewBeside(path, "neu"), path, {});
+    first.reset();
+    EXPECT_EQ(this->folder.Names(), typename TestFixture::Names{u"a.exe"});
+    EXPECT_EQ(ProblemOf([&] { this->store.Lock(path, 0ms); }), std::nullopt);
+    EXPECT_EQ(this->folder.Bytes(u"a.exe"), "neu");
+}
+
+TYPED_TEST_P(RealFilesContract, OnlyWhatMayBeChangedIsLocked) {
+    using namespace std::chrono_literals;
+    this->folder.MakeFile(u"a.exe", "alt");
+    this->folder.MakeFolder(u"Ordner");
+    this->folder.MakeReadOnly(u"a.exe");
+    const auto problem = [this](std::u16string_view name) {
+        return ProblemOf([&] { this->store.Lock(this->folder.Path(name), 0ms); });
+    };
+    EXPECT_EQ(problem(u"a.exe"), FileProblem::AccessDenied);
+    EXPECT_EQ(problem(u"Ordner"), FileProblem::IsFolder);
+    EXPECT_EQ(problem(u"Fehlt.exe"), FileProblem::NotFound);
+    EXPECT_EQ(problem(u"Fehlt/a.exe"), FileProblem::PathNotFound);
+    EXPECT_EQ(this->folder.Names(), (typename TestFixture::Names{u"Ordner", u"a.exe"}));
+}
+
+TYPED_TEST_P(RealFilesContract, NewFileIsPlacedOnlyWhereNothingIs) {
+    const std::u16string path = this->folder.Path(u"a.exe");
+    const std::u16string first = this->store.WriteNewBeside(path, "eins");
+    const std::u16string second = this->store.WriteNewBeside(path, "zwei");
+    this->store.PlaceNew(first, path, {});
+    EXPECT_EQ(ProblemOf([&] { this->store.PlaceNew(second, path, {}); }), FileProblem::Exists);
+    EXPECT_EQ(this->folder.Bytes(u"a.exe"), "eins");
+    EXPECT_EQ(this->store.ReadAll(second), "zwei");
+    this->store.Remove(second);
+    EXPECT_EQ(this->folder.Names(), typename TestFixture::Names{u"a.exe"});
+}
+
 REGISTER_TYPED_TEST_SUITE_P(RealFilesContract, FileOpenElsewhereIsInUse,
                             MissingFolderIsAMissingPath, ReadAllGivesEveryByte,
                             NewFileLiesBesideAndTheOldOneStays, NewFileTakesThePlaceOfTheOldOne,
                             NewFileMayTakeAnUnusedName, ReadOnlyFileIsNotReplaced,
-                            FailedReplacementLeavesBothAsTheyWere, RemoveNamesAMissingFile);
+                            FailedReplacementLeavesBothAsTheyWere, RemoveNamesAMissingFile,
+                            NameIsDescribedByWhatItStandsFor, FileIsTheSameUnderEveryNameOfIt,
+                            LockExcludesTheSecondUntilItGoes, OnlyWhatMayBeChangedIsLocked,
+                            NewFileIsPlacedOnlyWhereNothingIs);
 
 }  // namespace tarvex

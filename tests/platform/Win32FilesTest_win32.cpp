@@ -1,3 +1,4 @@
+#include "platform/win32/Handles.h"
 #include "platform/win32/SystemFile.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32Files.h"
@@ -28,8 +29,8 @@ TEST(Win32FileStoreTest, ReadOnlyFileIsRefused) {
 }
 
 TEST(Win32FileStoreTest, DeviceIsRefused) {
-    EXPECT_EQ(ProblemOf([] { Win32FileStore().Open(u"NUL"); }), FileProblem::AccessDenied);
-    EXPECT_EQ(ProblemOf([] { Win32FileStore().ReadAll(u"NUL"); }), FileProblem::AccessDenied);
+    EXPECT_EQ(ProblemOf([] { Win32FileStore().Open(u"NUL"); }), FileProblem::NotAFile);
+    EXPECT_EQ(ProblemOf([] { Win32FileStore().ReadAll(u"NUL"); }), FileProblem::NotAFile);
 }
 
 TEST(Win32FileStoreTest, OpenFileMayBeReadByOthers) {
@@ -52,7 +53,7 @@ TEST(Win32FileStoreTest, HiddenFileStaysHidden) {
     folder.MakeFile(u"a.exe", "alt");
     const std::u16string path = folder.Path(u"a.exe");
     SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
-    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path);
+    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path, {});
     EXPECT_EQ(folder.Bytes(u"a.exe"), "neu");
     EXPECT_EQ(GetFileAttributesW(Wide(path)) & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM),
               DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM});
@@ -66,10 +67,96 @@ TEST(Win32FileStoreTest, FileOpenElsewhereIsNotReplaced) {
     const std::u16string temp = store.WriteNewBeside(path, "neu");
     {
         const auto open = world.files().Open(path);
-        EXPECT_NE(ProblemOf([&] { store.ReplaceWith(temp, path); }), std::nullopt);
+        EXPECT_EQ(ProblemOf([&] { store.ReplaceWith(temp, path, {}); }), FileProblem::InUse);
     }
     EXPECT_EQ(world.Bytes(u"a.exe"), "alt");
     EXPECT_EQ(store.ReadAll(temp), "neu");
+}
+
+TEST(Win32FileStoreTest, ReaderThatLetsNobodyReplaceTheFileIsNamed) {
+    Win32World world;
+    Win32FileStore store;
+    world.MakeFile(u"a.exe", "alt");
+    const std::u16string path = world.Path(u"a.exe");
+    const std::u16string temp = store.WriteNewBeside(path, "neu");
+    const UniqueFile reader(CreateFileW(Wide(path), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr));
+    EXPECT_EQ(ProblemOf([&] { store.ReplaceWith(temp, path, {}); }), FileProblem::InUse);
+    EXPECT_EQ(world.Bytes(u"a.exe"), "alt");
+}
+
+TEST(Win32FileStoreTest, ProgramThatRunsIsInUse) {
+    Win32World world;
+    Win32FileStore store;
+    const std::u16string path = world.Path(u"a.exe");
+    wchar_t self[MAX_PATH];
+    GetModuleFileNameW(nullptr, self, MAX_PATH);
+    ASSERT_TRUE(CopyFileW(self, Wide(path), TRUE));
+    const std::u16string temp = store.WriteNewBeside(path, "neu");
+    {
+        // What the system does with the file of a program that it starts.
+        const UniqueFile file(CreateFileW(Wide(path), GENERIC_READ | GENERIC_EXECUTE,
+                                          FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        const UniqueHandle<HANDLE, CloseHandle> image(
+            CreateFileMappingW(file.Get(), nullptr, PAGE_EXECUTE_READ | SEC_IMAGE, 0, 0, nullptr));
+        ASSERT_TRUE(image);
+        EXPECT_EQ(ProblemOf([&] { store.Lock(path, std::chrono::seconds(1)); }),
+                  FileProblem::InUse);
+        EXPECT_EQ(ProblemOf([&] { store.ReplaceWith(temp, path, {}); }), FileProblem::InUse);
+    }
+    EXPECT_EQ(ProblemOf([&] { store.Lock(path, std::chrono::seconds(1)); }), std::nullopt);
+}
+
+TEST(Win32FileStoreTest, LockIsAFileBesideThatGoesWithIt) {
+    TestFolder folder;
+    Win32FileStore store;
+    folder.MakeFile(u"a.exe", "alt");
+    const auto lock = store.Lock(folder.Path(u"a.exe"), std::chrono::seconds(0));
+    EXPECT_EQ(folder.Names(), (std::vector<std::u16string>{u"a.exe", u"~a.exe.lock"}));
+}
+
+TEST(Win32FileStoreTest, LockIsTheSameUnderTheNameOfTheOldForm) {
+    TestFolder folder;
+    Win32FileStore store;
+    folder.MakeFile(u"Ein langer Name.exe", "alt");
+    const std::u16string path = folder.Path(u"Ein langer Name.exe");
+    wchar_t buffer[MAX_PATH];
+    GetShortPathNameW(Wide(path), buffer, MAX_PATH);
+    const std::u16string shortPath(FromWide(buffer));
+    ASSERT_NE(shortPath, path);
+    EXPECT_TRUE(store.IsSameFile(path, shortPath));
+    const auto lock = store.Lock(path, std::chrono::seconds(0));
+    EXPECT_EQ(ProblemOf([&] { store.Lock(shortPath, std::chrono::seconds(0)); }),
+              FileProblem::Locked);
+}
+
+TEST(Win32FileStoreTest, LongNamesAreLockedToo) {
+    TestFolder folder;
+    Win32FileStore store;
+    const std::u16string name(250, u'x');
+    folder.MakeFile(name, "alt");
+    EXPECT_EQ(ProblemOf([&] { store.Lock(folder.Path(name), std::chrono::seconds(0)); }),
+              std::nullopt);
+}
+
+TEST(Win32FileStoreTest, HardLinksAreCountedAndOneFile) {
+    TestFolder folder;
+    Win32FileStore store;
+    folder.MakeFile(u"a.exe", "alt");
+    const std::u16string other = folder.Path(u"b.exe");
+    ASSERT_TRUE(CreateHardLinkW(Wide(other), Wide(folder.Path(u"a.exe")), nullptr));
+    EXPECT_EQ(store.Describe(other).names, 2U);
+    EXPECT_TRUE(store.IsSameFile(other, folder.Path(u"a.exe")));
+}
+
+TEST(Win32FileStoreTest, DeviceIsDescribedAsOne) {
+    for (const std::u16string_view name : {u"NUL", u"COM1", u"\\\\.\\pipe\\x"}) {
+        EXPECT_EQ(Win32FileStore().Describe(name).kind, FileKind::Other);
+    }
+    EXPECT_EQ(ProblemOf([] { Win32FileStore().WriteNewBeside(u"NUL", "x"); }),
+              FileProblem::NotAFile);
 }
 
 TEST(Win32FileFailureTest, CodesOfTheSystemBecomeProblems) {
@@ -78,9 +165,10 @@ TEST(Win32FileFailureTest, CodesOfTheSystemBecomeProblems) {
     EXPECT_EQ(problem(ERROR_PATH_NOT_FOUND), FileProblem::PathNotFound);
     EXPECT_EQ(problem(ERROR_INVALID_NAME), FileProblem::PathNotFound);
     EXPECT_EQ(problem(ERROR_ACCESS_DENIED), FileProblem::AccessDenied);
-    EXPECT_EQ(problem(ERROR_WRITE_PROTECT), FileProblem::AccessDenied);
+    EXPECT_EQ(problem(ERROR_WRITE_PROTECT), FileProblem::ReadOnlyMedium);
     EXPECT_EQ(problem(ERROR_SHARING_VIOLATION), FileProblem::InUse);
     EXPECT_EQ(problem(ERROR_LOCK_VIOLATION), FileProblem::InUse);
+    EXPECT_EQ(problem(ERROR_ALREADY_EXISTS), FileProblem::Exists);
     EXPECT_EQ(problem(ERROR_DISK_FULL), FileProblem::DiskFull);
     EXPECT_EQ(problem(ERROR_CRC), FileProblem::Device);
 }
