@@ -5,17 +5,12 @@
 #include <utility>
 
 #include "launch/RegistryKeyList.h"
+#include "simulation/Names.h"
 #include "simulation/TextFile.h"
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
-
-std::u16string Folded(std::u16string_view name) {
-    std::u16string folded(name);
-    std::transform(folded.begin(), folded.end(), folded.begin(), text::Fold);
-    return folded;
-}
 
 std::u16string ValueName(std::u16string_view key, std::u16string_view value) {
     return std::u16string(key).append(u"\\").append(value);
@@ -102,7 +97,7 @@ void DescribedRegistry::DeleteKey(const Top& top) {
 }
 
 void DescribedRegistry::SetValue(const std::u16string& key, const RegFileValue& value) {
-    Values& values = keys_[Folded(key)];
+    Values& values = keys_[FoldedName(key)];
     const auto found = std::find_if(values.begin(), values.end(), [&value](const Value& other) {
         return text::EqualsIgnoreCase(other.name, value.name);
     });
@@ -124,7 +119,8 @@ void DescribedRegistry::AddMissing(std::u16string_view name) {
         return;
     }
     if (const auto key = names_.Normalise(name.substr(0, separator))) {
-        missing_.insert(Folded(ValueName(names_.In64BitView(*key), name.substr(separator + 1))));
+        missing_.insert(
+            FoldedName(ValueName(names_.In64BitView(*key), name.substr(separator + 1))));
     }
 }
 
@@ -228,7 +224,7 @@ std::vector<DescribedRegistry::Place> DescribedRegistry::PlacesOfValue(
 }
 
 const DescribedRegistry::Values* DescribedRegistry::ValuesOf(std::u16string_view key) const {
-    const auto found = keys_.find(Folded(key));
+    const auto found = keys_.find(FoldedName(key));
     return found == keys_.end() ? nullptr : &found->second;
 }
 
@@ -246,7 +242,7 @@ const DescribedRegistry::Value* DescribedRegistry::FindValue(std::u16string_view
 }
 
 bool DescribedRegistry::IsMissing(std::u16string_view key, std::u16string_view name) const {
-    return missing_.contains(Folded(ValueName(key, name)));
+    return missing_.contains(FoldedName(ValueName(key, name)));
 }
 
 bool DescribedRegistry::IsComplete(std::u16string_view key) const {
