@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "launch/RegistryKeyList.h"
+#include "simulation/Names.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -250,11 +251,6 @@ std::u16string_view UserOfKey(std::u16string_view name) {
 
 bool IsRegistryName(std::u16string_view name) {
     return HKeyFromName(name.substr(0, name.find(u'\\'))) != kNoHKey;
-}
-
-bool IsAtOrBelow(std::u16string_view name, std::u16string_view top) {
-    return text::StartsWithIgnoreCase(name, top) &&
-           (name.size() == top.size() || name[top.size()] == u'\\');
 }
 
 }  // namespace tarvex

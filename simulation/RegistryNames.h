@@ -49,8 +49,4 @@ std::u16string_view UserOfKey(std::u16string_view name);
 /// True when the first part of a name is a root of the registry.
 bool IsRegistryName(std::u16string_view name);
 
-/// True when `name` is `top` or stands below it, without regard to case; both without a "\" at
-/// their ends.
-bool IsAtOrBelow(std::u16string_view name, std::u16string_view top);
-
 }  // namespace tarvex

@@ -81,6 +81,11 @@ DecodedText DecodeText(std::string_view bytes) {
     return DecodeUtf8(bytes);
 }
 
+bool IsUnmarkedUtf8(std::string_view bytes) {
+    return !bytes.starts_with(kUtf8Mark) && !bytes.starts_with(kUtf16Mark) &&
+           !bytes.starts_with(kUtf16MarkHighFirst) && bytes.find('\0') == std::string_view::npos;
+}
+
 std::string ToUtf16Bytes(std::u16string_view text) {
     std::string bytes;
     bytes.reserve(2 * text.size());

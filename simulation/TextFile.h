@@ -18,6 +18,9 @@ struct DecodedText {
 /// byte first, when there are zero bytes, otherwise as UTF-8. The mark is no part of the text.
 DecodedText DecodeText(std::string_view bytes);
 
+/// True when DecodeText takes the bytes for UTF-8 for want of anything that says so.
+bool IsUnmarkedUtf8(std::string_view bytes);
+
 /// The text as UTF-16 bytes, low byte first, and back; an odd byte at the end is dropped.
 std::string ToUtf16Bytes(std::u16string_view text);
 std::u16string FromUtf16Bytes(std::string_view bytes);

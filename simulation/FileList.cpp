@@ -1,0 +1,58 @@
+#include "simulation/FileList.h"
+
+#include <utility>
+
+#include "simulation/TextFile.h"
+#include "simulation/WindowsPaths.h"
+
+namespace tarvex {
+
+ParsedFileList ParseFileList(std::string_view bytes, std::u16string_view name) {
+    ParsedFileList result;
+    std::int32_t number = 0;
+    const auto report = [&](std::u16string text) {
+        result.problems.push_back({std::u16string(name), number, {}, std::move(text)});
+    };
+    DecodedText decoded = DecodeText(bytes);
+    if (decoded.badLine != 0) {
+        if (!IsUnmarkedUtf8(bytes)) {
+            number = decoded.badLine;
+            report(std::move(decoded.problem));
+            return result;
+        }
+        decoded.text = FromCodePage850(bytes);
+    }
+    for (const std::u16string_view line : TextLines(decoded.text)) {
+        ++number;
+        const std::u16string_view path = TrimBlanksAndTabs(line);
+        if (path.empty()) {
+            continue;
+        }
+        if (std::u16string problem = DescribedPathProblem(path); !problem.empty()) {
+            report(std::move(problem));
+        } else {
+            result.paths.emplace_back(path);
+        }
+    }
+    return result;
+}
+
+std::u16string DescribedPathProblem(std::u16string_view path) {
+    const std::u16string quoted = u"'" + std::u16string(path) + u"'";
+    if (path.find(u'?') != std::u16string_view::npos && !path.starts_with(u"\\\\?\\")) {
+        return quoted +
+               u" enthält ein '?': Die Konsole hat ein Zeichen verloren. Mit 'cmd /u /c dir /s /b "
+               u"/a-d' oder 'chcp 65001' bleibt es erhalten.";
+    }
+    const bool hasStart = IsFullWindowsPath(path) || path.starts_with(u'\\') ||
+                          path.starts_with(u'/') || (path.size() > 1 && path[1] == u':');
+    if (!hasStart) {
+        return quoted + u" ist kein vollständiger Pfad.";
+    }
+    if (!FullWindowsPath(path, u"C:\\")) {
+        return quoted + u" ist kein Pfad, den es unter Windows geben kann.";
+    }
+    return {};
+}
+
+}  // namespace tarvex
