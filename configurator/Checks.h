@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "configurator/Finding.h"
+#include "configurator/LauncherImage.h"
 #include "platform/FileStore.h"
 
 namespace tarvex {
@@ -19,5 +20,10 @@ struct LauncherFolder {
 /// order of their lines. Passwords are never in their texts. Empty when there is nothing to say.
 Findings CheckSettings(const Settings& settings, std::u16string_view place,
                        const LauncherFolder& folder = {});
+
+/// What is to be said about a launcher file apart from its settings: that it cannot be used or not
+/// be changed any more, is not configured, or is of another version. Empty for a configured
+/// launcher of this version.
+Findings CheckLauncher(const LauncherImage& image, std::u16string_view place);
 
 }  // namespace tarvex

@@ -106,7 +106,9 @@ bool IsWholeConstant(std::string_view bytes, std::size_t start, std::size_t char
 
 class LauncherImage::Reader {
 public:
-    Reader(std::string_view bytes, std::u16string_view name) : bytes_(bytes), name_(name) {}
+    Reader(std::string_view bytes, std::u16string_view name) : bytes_(bytes) {
+        image_.name_ = name;
+    }
 
     LauncherImage Read() {
         const PeHeader header = ReadPeHeader(bytes_);
@@ -117,40 +119,63 @@ public:
         if (header.isSigned) {
             RefuseChange({}, u"Die Datei trägt eine Signatur; erst konfigurieren, dann signieren.");
         }
-        ReadMarker();
-        const std::vector<std::size_t> starts = FindAll(bytes_, kMarkPrefix);
-        for (const std::size_t start : starts) {
+        ReadMarkers();
+        for (const std::size_t start : FindAll(bytes_, kMarkPrefix)) {
             ReadMark(start);
         }
-        if (starts.empty()) {
+        if (image_.marks_.empty() && image_.unknownMarks_.empty()) {
+            // What else is strange about it does not help anybody.
+            image_.readProblems_.clear();
+            image_.changeProblems_.clear();
             Refuse({}, u"Die Datei ist kein Startprogramm: Sie enthält keine Marken.");
             return std::move(image_);
         }
         for (const BrandField* field : FieldsByNumber()) {
             if (!seen_.contains(field->number)) {
-                Refuse(field->name, u"Die Marke " + text::Decimal(field->number, 3) + u" fehlt.");
+                image_.missingMarks_.push_back(field);
             }
         }
         return std::move(image_);
     }
 
 private:
-    void ReadMarker() {
+    /// The program compares the marker with a constant that nobody ever changes.
+    void ReadMarkers() {
         const std::vector<std::size_t> unbranded = FindAll(bytes_, kMarkerUnbranded);
-        if (unbranded.empty()) {
-            image_.branded_ = !FindAll(bytes_, kMarkerBranded).empty();
-            if (!image_.branded_) {
-                Refuse({}, u"Die Kennung (konfiguriert oder nicht) fehlt.");
+        const std::vector<std::size_t> branded = FindAll(bytes_, kMarkerBranded);
+        image_.branded_ = unbranded.empty() && !branded.empty();
+        CheckCount(unbranded, 1, u"Die Kennung");
+        CheckCount(branded, image_.branded_ ? 2 : 1, u"Die Vergleichskennung");
+        if (unbranded.empty() && branded.empty()) {
+            Refuse({}, u"Die Kennung (konfiguriert oder nicht) fehlt.");
+        } else if (unbranded.size() + branded.size() < 2) {
+            Refuse({}, u"Von den zwei Kennungen, die ein Startprogramm vergleicht, fehlt eine.");
+        }
+        for (const auto* starts : {&unbranded, &branded}) {
+            for (const std::size_t start : *starts) {
+                if (!IsWholeConstant(bytes_, start, kMarkerUnbranded.size())) {
+                    Refuse({}, u"Die Kennung " + Place(start) +
+                                   u" ist beschädigt: Länge oder Ende stimmen nicht.");
+                }
             }
-            return;
         }
-        if (unbranded.size() > 1) {
-            Refuse({}, u"Die Kennung steht mehrfach in der Datei, " + Place(unbranded[0]) +
-                           u" und " + Place(unbranded[1]) + u".");
+        if (!unbranded.empty()) {
+            CheckMarkerPosition(unbranded[0]);
         }
-        image_.markerDigit_ = unbranded[0] + 2 * kMarkerDigitIndex;
-        if (unbranded[0] + 2 * kMarkerUnbranded.size() > FullBlocks()) {
-            RefuseChange({}, u"Die Kennung liegt " + Place(unbranded[0]) +
+    }
+
+    void CheckCount(const std::vector<std::size_t>& starts, std::size_t most,
+                    std::u16string_view what) {
+        if (starts.size() > most) {
+            Refuse({}, std::u16string(what) + u" steht mehrfach in der Datei, " +
+                           Place(starts[most - 1]) + u" und " + Place(starts[most]) + u".");
+        }
+    }
+
+    void CheckMarkerPosition(std::size_t start) {
+        image_.markerDigit_ = start + 2 * kMarkerDigitIndex;
+        if (start + 2 * kMarkerUnbranded.size() > FullBlocks()) {
+            RefuseChange({}, u"Die Kennung liegt " + Place(start) +
                                  u" im letzten, unvollständigen Block der Datei und würde an "
                                  u"falscher Stelle geschrieben.");
         }
@@ -164,7 +189,8 @@ private:
         }
         const BrandField* field = FindBrandField(header->number);
         if (field == nullptr) {
-            return;  // of a later version perhaps: it stays as it is
+            image_.unknownMarks_.push_back({header->number, header->width, header->name});
+            return;
         }
         const std::u16string mark = u"Die Marke " + text::Decimal(field->number, 3) + u" ";
         if (!seen_.insert({field->number, true}).second) {
@@ -208,21 +234,32 @@ private:
     std::size_t FullBlocks() const { return bytes_.size() / kBlock * kBlock; }
 
     void Refuse(std::u16string_view field, std::u16string text) {
-        image_.readProblems_.push_back({name_, 0, std::u16string(field), std::move(text)});
+        image_.readProblems_.push_back({image_.name_, 0, std::u16string(field), std::move(text)});
     }
 
     void RefuseChange(std::u16string_view field, std::u16string text) {
-        image_.changeProblems_.push_back({name_, 0, std::u16string(field), std::move(text)});
+        image_.changeProblems_.push_back({image_.name_, 0, std::u16string(field), std::move(text)});
     }
 
     std::string_view bytes_;
-    std::u16string name_;
     LauncherImage image_;
     std::map<std::int32_t, bool> seen_;
 };
 
 LauncherImage LauncherImage::Read(std::string_view bytes, std::u16string_view name) {
     return Reader(bytes, name).Read();
+}
+
+Problems LauncherImage::ProblemsOfSetting(const Settings& settings) const {
+    Problems problems;
+    for (const BrandField* field : missingMarks_) {
+        if (!settings.Value(field->number).empty()) {
+            problems.push_back({name_, 0, std::u16string(field->name),
+                                u"Das Startprogramm ist von einer anderen Version und hat dieses "
+                                u"Feld nicht."});
+        }
+    }
+    return problems;
 }
 
 const LauncherImage::Mark* LauncherImage::Find(std::int32_t number) const {

@@ -29,13 +29,12 @@ TEST_P(cuBrandSeekPositionTest, PositionIsReportedAndTheFileStandsThere) {
     EXPECT_EQ(files.log.back(), u"seek " + text::Decimal(GetParam().reported - 1));
 }
 
-INSTANTIATE_TEST_SUITE_P(FullBlocks, cuBrandSeekPositionTest,
-                         testing::Values(SeekCase{32768, 1, 1}, SeekCase{32768, 101, 101},
-                                         SeekCase{32768, 32745, 32745}, SeekCase{32769, 101, 101},
-                                         SeekCase{65536, 32759, 32759},
-                                         SeekCase{65536, 32769, 32769},
-                                         SeekCase{98304, 65530, 65530},
-                                         SeekCase{98304, 98281, 98281}));
+INSTANTIATE_TEST_SUITE_P(
+    FullBlocks, cuBrandSeekPositionTest,
+    testing::Values(SeekCase{32768, 1, 1}, SeekCase{32768, 101, 101}, SeekCase{32768, 32745, 32745},
+                    SeekCase{32769, 101, 101}, SeekCase{65536, 32746, 32746},
+                    SeekCase{65536, 32759, 32759}, SeekCase{65536, 32769, 32769},
+                    SeekCase{98304, 65530, 65530}, SeekCase{98304, 98281, 98281}));
 
 INSTANTIATE_TEST_SUITE_P(
     LastPartialBlock, cuBrandSeekPositionTest,
@@ -115,6 +114,14 @@ TEST(BlockSearchTest, OccurrenceIsFoundInOneBlockOrAcrossTwoButNotThree) {
     EXPECT_EQ(three.FindInNext("xa"), 0U);
     EXPECT_EQ(three.FindInNext("bc"), 0U);
     EXPECT_EQ(three.FindInNext("dx"), 0U);
+}
+
+TEST(BlockSearchTest, OccurrenceIsFoundWhereverTheBlocksDivideIt) {
+    for (std::size_t before = 1; before < 4; ++before) {
+        BlockSearch search("abcd");
+        EXPECT_EQ(search.FindInNext("xx" + std::string("abcd", before)), 0U);
+        EXPECT_EQ(search.FindInNext(std::string("abcd").substr(before)), 3U) << before;
+    }
 }
 
 TEST(BlockSearchTest, LettersWithCaseAreAToZ) {

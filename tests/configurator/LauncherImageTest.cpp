@@ -4,6 +4,7 @@
 
 #include "branding/BrandFields.h"
 #include "tests/support/SyntheticLauncher.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -78,9 +79,8 @@ TEST(LauncherImageTest, SignatureForbidsChangesOnly) {
         Texts({u"T.exe: Die Datei trägt eine Signatur; erst konfigurieren, dann signieren."}));
 }
 
-TEST(LauncherImageTest, MissingAndDamagedMarksAreNamed) {
+TEST(LauncherImageTest, DamagedMarksAreNamed) {
     SyntheticLauncher launcher;
-    std::erase_if(launcher.marks, [](const SyntheticMark& mark) { return mark.name == u"Cmd"; });
     launcher.Mark(u"HCID").width = 6;
     launcher.Mark(u"Macro").name = u"Makro";
     EXPECT_EQ(
@@ -88,8 +88,59 @@ TEST(LauncherImageTest, MissingAndDamagedMarksAreNamed) {
         Texts({u"T.exe, HCID: Die Marke 066 ist beschädigt: sie heißt 'HCID' mit 6 Zeichen "
                u"statt 'HCID' mit 5.",
                u"T.exe, Macro: Die Marke 049 ist beschädigt: sie heißt 'Makro' mit 100 Zeichen "
-               u"statt 'Macro' mit 100.",
-               u"T.exe, Cmd: Die Marke 048 fehlt."}));
+               u"statt 'Macro' mit 100."}));
+}
+
+SyntheticLauncher OfOtherVersion() {
+    SyntheticLauncher launcher;
+    std::erase_if(launcher.marks, [](const SyntheticMark& mark) {
+        return mark.name == u"Cmd" || mark.name == u"AccPath";
+    });
+    launcher.marks.push_back({70, 20, u"Neu", u"x", 0});
+    launcher.marks.push_back({50, 1, u"Alt", {}, 0});
+    return launcher;
+}
+
+TEST(LauncherImageTest, MarksOfAnotherVersionAreNamedAndReadingGoesOn) {
+    const LauncherImage image = Read(OfOtherVersion().Build());
+    EXPECT_EQ(Lines(image.ReadProblems()), Texts());
+    EXPECT_EQ(Lines(image.ChangeProblems()), Texts());
+    ASSERT_EQ(image.MissingMarks().size(), 2U);
+    EXPECT_EQ(image.MissingMarks()[0]->number, kFieldAccPath);
+    EXPECT_EQ(image.MissingMarks()[1]->number, kFieldCmd);
+    ASSERT_EQ(image.UnknownMarks().size(), 2U);
+    EXPECT_EQ(image.UnknownMarks()[0].number, 70);
+    EXPECT_EQ(image.UnknownMarks()[0].width, 20U);
+    EXPECT_EQ(image.UnknownMarks()[0].name, u"Neu");
+    EXPECT_EQ(image.UnknownMarks()[1].number, 50);
+    EXPECT_EQ(image.StoredText(kFieldCmd), u"");
+}
+
+TEST(LauncherImageTest, OnlyAValueForAMissingMarkCannotBeWritten) {
+    const LauncherImage image = Read(OfOtherVersion().Build());
+    Settings settings;
+    settings.Set(kFieldAppName, u"x");
+    settings.Set(kFieldAccPath, u"");
+    EXPECT_EQ(Lines(image.ProblemsOfSetting(settings)), Texts());
+    settings.Set(kFieldCmd, u"y");
+    EXPECT_EQ(Lines(image.ProblemsOfSetting(settings)),
+              Texts({u"T.exe, Cmd: Das Startprogramm ist von einer anderen Version und hat dieses "
+                     u"Feld nicht."}));
+    EXPECT_EQ(Lines(Read(SyntheticLauncher().Build()).ProblemsOfSetting(settings)), Texts());
+}
+
+TEST(LauncherImageTest, ProgramThatIsNoLauncherIsOneError) {
+    const Texts refused({u"T.exe: Die Datei ist kein Startprogramm: Sie enthält keine Marken."});
+    SyntheticLauncher launcher;
+    launcher.marks.clear();
+    launcher.signatureSize = 1;
+    EXPECT_EQ(Lines(Read(launcher.Build()).ReadProblems()), refused);
+    EXPECT_EQ(Lines(Read(launcher.Build()).ChangeProblems()), Texts());
+    EXPECT_TRUE(Read(launcher.Build()).MissingMarks().empty());
+    launcher.marker = launcher.comparison = u"";
+    std::string bytes = launcher.Build();
+    PutText(bytes, 1536, u"@#BRD#@|");  // as a program holds it that looks for marks
+    EXPECT_EQ(Lines(Read(bytes).ReadProblems()), refused);
 }
 
 TEST(LauncherImageTest, WrongByteCountAndBrokenHeaderAreDamage) {
@@ -103,8 +154,21 @@ TEST(LauncherImageTest, WrongByteCountAndBrokenHeaderAreDamage) {
     std::string badNumber = good;
     PutText(badNumber, start + 16, u"0x1");
     EXPECT_EQ(Lines(Read(badNumber).ReadProblems()),
-              Texts({u"T.exe: Die Marke an Position 0x810 ist beschädigt.",
-                     u"T.exe, AppName: Die Marke 001 fehlt."}));
+              Texts({u"T.exe: Die Marke an Position 0x810 ist beschädigt."}));
+}
+
+TEST(LauncherImageTest, EachByteOfTheZeroAfterAMarkIsChecked) {
+    const std::string good = SyntheticLauncher().Build();
+    const LauncherImage image = Read(good);
+    const LauncherImage::Mark& mark = *image.Find(kFieldAppName);
+    const std::size_t end = mark.valueStart + 2 * mark.area.size();
+    for (const std::size_t at : {end, end + 1}) {
+        std::string bad = good;
+        bad[at] = '\1';
+        EXPECT_EQ(Lines(Read(bad).ReadProblems()),
+                  Texts({u"T.exe, AppName: Die Marke 001 ist beschädigt: Länge oder Ende stimmen "
+                         u"nicht."}));
+    }
 }
 
 TEST(LauncherImageTest, SecondMarkOfANumberInAnyCaseIsRefused) {
@@ -119,22 +183,87 @@ TEST(LauncherImageTest, SecondMarkOfANumberInAnyCaseIsRefused) {
               Texts({u"T.exe: Die Marke an Position 0x600 ist beschädigt."}));
 }
 
-TEST(LauncherImageTest, MarkOfAnUnknownFieldIsLeftAlone) {
-    SyntheticLauncher launcher;
-    launcher.marks.push_back({50, 20, u"Neu", u"x", 0});
-    EXPECT_EQ(Lines(Read(launcher.Build()).ReadProblems()), Texts());
-}
-
-TEST(LauncherImageTest, MarkerMissingOrTwice) {
-    SyntheticLauncher launcher;
-    launcher.marker = u"@#BRANDED2#@";
-    EXPECT_EQ(Lines(Read(launcher.Build()).ReadProblems()),
-              Texts({u"T.exe: Die Kennung (konfiguriert oder nicht) fehlt."}));
-    std::string twice = SyntheticLauncher().Build();
-    PutText(twice, 1536, u"@#branded0#@");
-    EXPECT_EQ(Lines(Read(twice).ReadProblems()),
+TEST(LauncherImageTest, BothMarkersMustBeThereOnce) {
+    const auto problems = [](std::u16string_view marker, std::u16string_view comparison,
+                             std::u16string_view further = {}) {
+        SyntheticLauncher launcher;
+        launcher.marker = marker;
+        launcher.comparison = comparison;
+        std::string bytes = launcher.Build();
+        PutText(bytes, 1536, further);
+        bytes[1532] = static_cast<char>(2 * further.size());
+        return Lines(Read(bytes).ReadProblems());
+    };
+    const std::u16string_view zero = u"@#BRANDED0#@";
+    const std::u16string_view one = u"@#BRANDED1#@";
+    const std::u16string_view bad = u"@#BRANDED2#@";
+    const std::u16string oneIsMissing =
+        u"T.exe: Von den zwei Kennungen, die ein Startprogramm vergleicht, fehlt eine.";
+    EXPECT_EQ(problems(zero, one), Texts());
+    EXPECT_EQ(problems(one, one), Texts());
+    EXPECT_EQ(problems(bad, bad), Texts({u"T.exe: Die Kennung (konfiguriert oder nicht) fehlt."}));
+    EXPECT_EQ(problems(zero, bad), Texts({oneIsMissing}));
+    EXPECT_EQ(problems(bad, one), Texts({oneIsMissing}));
+    EXPECT_EQ(problems(zero, one, u"@#branded0#@"),
               Texts({u"T.exe: Die Kennung steht mehrfach in der Datei, an Position 0x400 und an "
                      u"Position 0x600."}));
+    EXPECT_EQ(problems(zero, zero),
+              Texts({u"T.exe: Die Kennung steht mehrfach in der Datei, an Position 0x400 und an "
+                     u"Position 0x500."}));
+    EXPECT_EQ(problems(zero, one, one),
+              Texts({u"T.exe: Die Vergleichskennung steht mehrfach in der Datei, an Position 0x500 "
+                     u"und an Position 0x600."}));
+    EXPECT_EQ(problems(one, one, one),
+              Texts({u"T.exe: Die Vergleichskennung steht mehrfach in der Datei, an Position 0x500 "
+                     u"und an Position 0x600."}));
+}
+
+TEST(LauncherImageTest, LengthAndEndOfBothMarkersAreChecked) {
+    const std::string good = SyntheticLauncher().Build();
+    for (const std::size_t start : {1024U, 1280U}) {
+        for (const std::size_t at : {start - 4, start + 24}) {
+            std::string bad = good;
+            bad[at] = '\2';
+            EXPECT_EQ(Lines(Read(bad).ReadProblems()),
+                      Texts({u"T.exe: Die Kennung an Position 0x" + text::Hexadecimal(start) +
+                             u" ist beschädigt: Länge oder Ende stimmen nicht."}))
+                << at;
+        }
+    }
+}
+
+TEST(LauncherImageTest, SearchGoesUpToTheLastByte) {
+    SyntheticLauncher launcher;
+    launcher.marker = u"";
+    std::string bytes = launcher.Build();
+    PutText(bytes, bytes.size() - 24, u"@#BRANDED0#@");
+    EXPECT_EQ(Lines(Read(bytes).ReadProblems()),
+              Texts({u"T.exe: Die Kennung an Position 0xFFE8 ist beschädigt: Länge oder Ende "
+                     u"stimmen nicht."}));
+    bytes = SyntheticLauncher().Build();
+    PutText(bytes, bytes.size() - 16, u"@#BRD#@|");
+    EXPECT_EQ(Lines(Read(bytes).ReadProblems()),
+              Texts({u"T.exe: Die Marke an Position 0xFFF0 ist beschädigt."}));
+}
+
+TEST(LauncherImageTest, MarkAndMarkerThatEndWithTheLastWholeBlockAreFoundByTheWriter) {
+    const auto changeProblems = [](std::size_t cmdStart, std::size_t markerStart) {
+        SyntheticLauncher launcher;
+        launcher.multiple = 16;
+        launcher.Mark(u"Cmd").start = cmdStart;
+        launcher.markerStart = markerStart;
+        return Read(launcher.Build()).ChangeProblems().size();
+    };
+    const std::size_t header = 2 * (18 + 3);
+    EXPECT_EQ(changeProblems(98304 - header, 1024), 0U);
+    EXPECT_EQ(changeProblems(98304 - header + 2, 1024), 1U);
+    EXPECT_EQ(changeProblems(0, 98304 - 24), 0U);
+    SyntheticLauncher launcher;
+    launcher.multiple = 16;
+    launcher.markerStart = 98304 - 22;
+    EXPECT_EQ(Lines(Read(launcher.Build()).ChangeProblems()),
+              Texts({u"T.exe: Die Kennung liegt an Position 0x17FEA im letzten, unvollständigen "
+                     u"Block der Datei und würde an falscher Stelle geschrieben."}));
 }
 
 TEST(LauncherImageTest, PrefixAcrossTwoBlocksIsRefusedAtEveryOffset) {

@@ -65,12 +65,13 @@ std::string SyntheticLauncher::Build() const {
     PutNumber(bytes, 0x3c, kHeaderOffset, 4);
     bytes.replace(kHeaderOffset, 2, "PE");
     PutNumber(bytes, kHeaderOffset + 4, machine, 2);
-    PutNumber(bytes, kHeaderOffset + 22, 0x0102, 2);  // a program, 32 bits
+    PutNumber(bytes, kHeaderOffset + 22, flags, 2);
     const std::size_t optionalHeader = kHeaderOffset + 24;
-    PutNumber(bytes, optionalHeader, 0x10b, 2);
+    PutNumber(bytes, optionalHeader, magic, 2);
     PutNumber(bytes, optionalHeader + 92, 16, 4);
     PutNumber(bytes, optionalHeader + 132, signatureSize, 4);  // of the fifth directory
     PutConstant(bytes, markerStart, marker);
+    PutConstant(bytes, comparisonStart, comparison);
     std::size_t next = 2048;
     for (const SyntheticMark& mark : marks) {
         const std::u16string text = MarkText(mark);

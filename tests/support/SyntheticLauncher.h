@@ -17,7 +17,7 @@ struct SyntheticMark {
     std::size_t start = 0;  ///< byte offset at which its text must stand; 0: wherever there is room
 };
 
-/// A file that looks like a launcher: the headers of a 32-bit program, the marker and the marks as
+/// A file that looks like a launcher: the headers of a 32-bit program, the markers and the marks as
 /// stored constants. Put together here from the format, not with the code that reads it.
 struct SyntheticLauncher {
     /// All fields, empty, in the order of the program.
@@ -25,9 +25,13 @@ struct SyntheticLauncher {
 
     std::vector<SyntheticMark> marks;
     std::uint16_t machine = 0x14c;
+    std::uint16_t flags = 0x0102;  ///< a program, 32 bits
+    std::uint16_t magic = 0x10b;
     std::uint32_t signatureSize = 0;
     std::u16string marker = u"@#BRANDED0#@";
     std::size_t markerStart = 1024;
+    std::u16string comparison = u"@#BRANDED1#@";  ///< what the program compares the marker with
+    std::size_t comparisonStart = 1280;
     std::size_t multiple = 32768;  ///< of which the length is one
 
     SyntheticMark& Mark(std::u16string_view name);
