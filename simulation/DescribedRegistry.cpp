@@ -1,4 +1,5 @@
 #include "simulation/DescribedRegistry.h"
+#include "branding/BrandMark.h"
 
 #include <algorithm>
 #include <iterator>

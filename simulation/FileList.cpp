@@ -1,4 +1,5 @@
 #include "simulation/FileList.h"
+#include "configurator/Model.h"
 
 #include <utility>
 

@@ -1,4 +1,6 @@
 #include "simulation/RegFile.h"
+#include "branding/BrandMark.h"
+#include "configurator/Model.h"
 
 #include <utility>
 

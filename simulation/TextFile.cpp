@@ -86,20 +86,6 @@ bool IsUnmarkedUtf8(std::string_view bytes) {
            !bytes.starts_with(kUtf16MarkHighFirst) && bytes.find('\0') == std::string_view::npos;
 }
 
-std::string ToUtf16Bytes(std::u16string_view text) {
-    std::string bytes;
-    bytes.reserve(2 * text.size());
-    for (const char16_t unit : text) {
-        bytes.push_back(static_cast<char>(unit & 0xFF));
-        bytes.push_back(static_cast<char>(unit >> 8));
-    }
-    return bytes;
-}
-
-std::u16string FromUtf16Bytes(std::string_view bytes) {
-    return FromUtf16(bytes, false);
-}
-
 std::u16string FromCodePage850(std::string_view bytes) {
     std::u16string text(bytes.size(), u'\0');
     std::transform(bytes.begin(), bytes.end(), text.begin(), [](char byte) {
@@ -121,14 +107,6 @@ std::vector<std::u16string_view> TextLines(std::u16string_view text) {
         lines.push_back(line);
     }
     return lines;
-}
-
-std::u16string_view TrimBlanksAndTabs(std::u16string_view text) {
-    const std::size_t first = text.find_first_not_of(u" \t");
-    if (first == std::u16string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(u" \t") - first + 1);
 }
 
 }  // namespace tarvex

@@ -21,17 +21,10 @@ DecodedText DecodeText(std::string_view bytes);
 /// True when DecodeText takes the bytes for UTF-8 for want of anything that says so.
 bool IsUnmarkedUtf8(std::string_view bytes);
 
-/// The text as UTF-16 bytes, low byte first, and back; an odd byte at the end is dropped.
-std::string ToUtf16Bytes(std::u16string_view text);
-std::u16string FromUtf16Bytes(std::string_view bytes);
-
 /// Bytes of the code page 850, in which a German console writes.
 std::u16string FromCodePage850(std::string_view bytes);
 
 /// The lines of a text, without their ends (CR LF or LF); none after the last line end.
 std::vector<std::u16string_view> TextLines(std::u16string_view text);
-
-/// Without blanks and tabs at both ends.
-std::u16string_view TrimBlanksAndTabs(std::u16string_view text);
 
 }  // namespace tarvex

@@ -1,3 +1,4 @@
+#include "branding/BrandMark.h"
 #include "simulation/DescribedRegistry.h"
 #include "simulation/TextFile.h"
 #include "tests/platform/RegistryContract.h"

@@ -1,3 +1,4 @@
+#include "branding/BrandMark.h"
 #include "simulation/FileList.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+#include "branding/BrandMark.h"
 #include "simulation/RegFile.h"
 
 #include <gtest/gtest.h>
