@@ -155,7 +155,7 @@ TEST_F(CommandsTest, CheckOfGoodSettingsSaysSo) {
 }
 
 TEST_F(CommandsTest, CheckReportsBothFormAndSense) {
-    world_.files.AddFile(u"K.ini", "Foo = 1\nPwd = x\n");
+    world_.files.AddFile(u"K.ini", "Foo = 1\nPwd = x\nAccPath = .\nDBFilename = a.mdb\n");
     EXPECT_EQ(world_.Run({u"check", u"K.ini"}), 1);
     EXPECT_EQ(console_.err,
               u"tarvexcf: K.ini, Zeile 1, Foo: Fehler: Unbekannter Name 'Foo'; gemeint ist "
@@ -166,7 +166,7 @@ TEST_F(CommandsTest, CheckReportsBothFormAndSense) {
 }
 
 TEST_F(CommandsTest, WarningsFailACheckOnlyWhenItIsStrict) {
-    world_.files.AddFile(u"K.ini", "AccPath = .\nPwd = x\n");
+    world_.files.AddFile(u"K.ini", "AccPath = .\nPwd = x\nDBFilename = a.mdb\n");
     EXPECT_EQ(world_.Run({u"check", u"K.ini"}), 0);
     EXPECT_EQ(console_.out, u"K.ini: 1 Warnung.\n");
     EXPECT_EQ(world_.Run({u"check", u"K.ini", u"--strict"}), 1);
@@ -179,7 +179,7 @@ TEST_F(CommandsTest, WarningsFailACheckOnlyWhenItIsStrict) {
 }
 
 TEST_F(CommandsTest, CheckAsJsonNamesEachFinding) {
-    world_.files.AddFile(u"K.ini", "AccPath = .\nPwd = x\n");
+    world_.files.AddFile(u"K.ini", "AccPath = .\nPwd = x\nDBFilename = a.mdb\n");
     EXPECT_EQ(world_.Run({u"check", u"K.ini", u"--json"}), 0);
     EXPECT_EQ(console_.out,
               u"[\n  {\"id\": \"password-without-user\", \"severity\": \"Warnung\", \"file\": "
