@@ -85,10 +85,6 @@ bool SystemConsole::IsInteractive() const {
     return IsConsole(GetStdHandle(STD_INPUT_HANDLE));
 }
 
-bool SystemConsole::IsInteractive() const {
-    return IsConsole(GetStdHandle(STD_INPUT_HANDLE));
-}
-
 std::optional<std::u16string> SystemConsole::ReadSecretLine(std::u16string_view prompt) {
     const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
     const bool isConsole = IsConsole(input);
