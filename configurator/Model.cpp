@@ -11,24 +11,6 @@
 namespace tarvex {
 namespace {
 
-/// Number of single-character changes between two names, case ignored.
-std::size_t EditDistance(std::u16string_view a, std::u16string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    for (std::size_t j = 0; j <= b.size(); ++j) {
-        row[j] = j;
-    }
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i + 1;
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t change = text::Fold(a[i]) == text::Fold(b[j]) ? 0 : 1;
-            const std::size_t best = std::min({row[j] + 1, row[j + 1] + 1, diagonal + change});
-            diagonal = std::exchange(row[j + 1], best);
-        }
-    }
-    return row[b.size()];
-}
-
 /// Position of a line end that is not CR LF, npos when there is none.
 std::size_t FindLoneLineEnd(std::u16string_view value) {
     for (std::size_t i = 0; i < value.size(); ++i) {
@@ -169,10 +151,27 @@ AcceptedValue AcceptValue(const BrandField& field, std::u16string_view entered,
     return {std::u16string(value), {}};
 }
 
+std::size_t NameDistance(std::u16string_view a, std::u16string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    for (std::size_t j = 0; j <= b.size(); ++j) {
+        row[j] = j;
+    }
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i + 1;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t change = text::Fold(a[i]) == text::Fold(b[j]) ? 0 : 1;
+            const std::size_t best = std::min({row[j] + 1, row[j + 1] + 1, diagonal + change});
+            diagonal = std::exchange(row[j + 1], best);
+        }
+    }
+    return row[b.size()];
+}
+
 std::u16string UnknownNameText(std::u16string_view name) {
     const auto nearest = std::min_element(
         kBrandFields.begin(), kBrandFields.end(), [name](const BrandField& a, const BrandField& b) {
-            return EditDistance(a.name, name) < EditDistance(b.name, name);
+            return NameDistance(a.name, name) < NameDistance(b.name, name);
         });
     return u"Unbekannter Name '" + std::u16string(name) + u"'; gemeint ist vielleicht " +
            std::u16string(nearest->name) + u".";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -69,6 +70,9 @@ struct AcceptedValue {
 /// code page, length of the stored form. What the value means is not checked.
 AcceptedValue AcceptValue(const BrandField& field, std::u16string_view entered,
                           const TextCodec& codec);
+
+/// Number of single-character changes between two names, case ignored.
+std::size_t NameDistance(std::u16string_view a, std::u16string_view b);
 
 /// "Unbekannter Name 'DBPaht'; gemeint ist vielleicht DBPath."
 std::u16string UnknownNameText(std::u16string_view name);

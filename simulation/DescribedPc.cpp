@@ -4,17 +4,29 @@
 
 #include "simulation/DescribedFiles.h"
 #include "simulation/DescribedRegistry.h"
+#include "simulation/PcCodec.h"
 #include "simulation/PcDescription.h"
-#include "text/TextCodec1252.h"
 
 namespace tarvex {
 
+namespace {
+
+std::unique_ptr<TextCodec> CodecOf(const PcDescription& description) {
+    std::unique_ptr<TextCodec> codec = MakePcCodec(description.codePage);
+    return codec != nullptr ? std::move(codec) : MakePcCodec(PcDescription().codePage);
+}
+
+}  // namespace
+
 struct DescribedPc::Parts {
     explicit Parts(PcDescription from)
-        : description(std::move(from)), registry(description, codec), files(description) {}
+        : description(std::move(from)),
+          codec(CodecOf(description)),
+          registry(description, *codec),
+          files(description) {}
 
     PcDescription description;
-    TextCodec1252 codec;
+    std::unique_ptr<TextCodec> codec;
     DescribedRegistry registry;
     DescribedFiles files;
 };
@@ -35,7 +47,7 @@ FileSystem& DescribedPc::Files() const {
 }
 
 const TextCodec& DescribedPc::Codec() const {
-    return parts_->codec;
+    return *parts_->codec;
 }
 
 ProgramInfo DescribedPc::Program() const {

@@ -14,9 +14,9 @@ ParsedFileList ParseFileList(std::string_view bytes, std::u16string_view name) {
     const auto report = [&](std::u16string text) {
         result.problems.push_back({std::u16string(name), number, {}, std::move(text)});
     };
-    DecodedText decoded = DecodeText(bytes);
+    DecodedText decoded = DecodeText(bytes, ZeroBytes::HalvesOfUtf16);
     if (decoded.badLine != 0) {
-        if (!IsUnmarkedUtf8(bytes)) {
+        if (!IsUnmarkedText(bytes)) {
             number = decoded.badLine;
             report(std::move(decoded.problem));
             return result;
@@ -29,7 +29,11 @@ ParsedFileList ParseFileList(std::string_view bytes, std::u16string_view name) {
         if (path.empty()) {
             continue;
         }
-        if (std::u16string problem = DescribedPathProblem(path); !problem.empty()) {
+        if (path.find(u'?') != std::u16string_view::npos) {
+            report(u"'" + std::u16string(path) +
+                   u"' enthält ein '?': Die Konsole hat ein Zeichen verloren. Mit 'cmd /u /c dir "
+                   u"/s /b /a-d' oder nach 'chcp 65001' bleibt es erhalten.");
+        } else if (std::u16string problem = DescribedPathProblem(path); !problem.empty()) {
             report(std::move(problem));
         } else {
             result.paths.emplace_back(path);
@@ -40,11 +44,6 @@ ParsedFileList ParseFileList(std::string_view bytes, std::u16string_view name) {
 
 std::u16string DescribedPathProblem(std::u16string_view path) {
     const std::u16string quoted = u"'" + std::u16string(path) + u"'";
-    if (path.find(u'?') != std::u16string_view::npos && !path.starts_with(u"\\\\?\\")) {
-        return quoted +
-               u" enthält ein '?': Die Konsole hat ein Zeichen verloren. Mit 'cmd /u /c dir /s /b "
-               u"/a-d' oder 'chcp 65001' bleibt es erhalten.";
-    }
     const bool hasStart = IsFullWindowsPath(path) || path.starts_with(u'\\') ||
                           path.starts_with(u'/') || (path.size() > 1 && path[1] == u':');
     if (!hasStart) {

@@ -285,8 +285,8 @@ ParsedRegFile ParseRegFile(std::string_view bytes, std::u16string_view name,
         result.problems.push_back({std::u16string(name), line, {}, std::move(text)});
     };
     const bool isAnsi = bytes.starts_with(kAnsiHeader);
-    const DecodedText decoded =
-        isAnsi ? DecodedText{ansi.FromAnsi(bytes), 0, {}} : DecodeText(bytes);
+    const DecodedText decoded = isAnsi ? DecodedText{ansi.FromAnsi(bytes), 0, {}}
+                                       : DecodeText(bytes, ZeroBytes::HalvesOfUtf16);
     try {
         RegFileReader reader(decoded.text, isAnsi ? &ansi : nullptr);
         reader.ReadHeader();

@@ -65,7 +65,7 @@ DecodedText DecodeUtf8(std::string_view bytes) {
 
 }  // namespace
 
-DecodedText DecodeText(std::string_view bytes) {
+DecodedText DecodeText(std::string_view bytes, ZeroBytes zeroBytes) {
     if (bytes.starts_with(kUtf8Mark)) {
         return DecodeUtf8(bytes.substr(kUtf8Mark.size()));
     }
@@ -75,13 +75,13 @@ DecodedText DecodeText(std::string_view bytes) {
     if (bytes.starts_with(kUtf16MarkHighFirst)) {
         return DecodeUtf16(bytes.substr(kUtf16MarkHighFirst.size()), true);
     }
-    if (bytes.find('\0') != std::string_view::npos) {
+    if (zeroBytes == ZeroBytes::HalvesOfUtf16 && bytes.find('\0') != std::string_view::npos) {
         return DecodeUtf16(bytes, false);
     }
     return DecodeUtf8(bytes);
 }
 
-bool IsUnmarkedUtf8(std::string_view bytes) {
+bool IsUnmarkedText(std::string_view bytes) {
     return !bytes.starts_with(kUtf8Mark) && !bytes.starts_with(kUtf16Mark) &&
            !bytes.starts_with(kUtf16MarkHighFirst) && bytes.find('\0') == std::string_view::npos;
 }

@@ -14,17 +14,23 @@ struct DecodedText {
     std::u16string problem;    ///< German, what is wrong in that line
 };
 
-/// Reads bytes by their byte order mark (UTF-8, UTF-16 of either order); without one as UTF-16, low
-/// byte first, when there are zero bytes, otherwise as UTF-8. The mark is no part of the text.
-DecodedText DecodeText(std::string_view bytes);
+/// What zero bytes in a text without a byte order mark are.
+enum class ZeroBytes { Characters, HalvesOfUtf16 };
 
-/// True when DecodeText takes the bytes for UTF-8 for want of anything that says so.
-bool IsUnmarkedUtf8(std::string_view bytes);
+/// Reads bytes by their byte order mark (UTF-8, UTF-16 of either order); without one as UTF-8, or
+/// where zero bytes say so, as UTF-16, low byte first. The mark is no part of the text.
+DecodedText DecodeText(std::string_view bytes, ZeroBytes zeroBytes = ZeroBytes::Characters);
+
+/// True when neither a byte order mark nor zero bytes say what text the bytes are.
+bool IsUnmarkedText(std::string_view bytes);
 
 /// Bytes of the code page 850, in which a German console writes.
 std::u16string FromCodePage850(std::string_view bytes);
 
 /// The lines of a text, without their ends (CR LF or LF); none after the last line end.
 std::vector<std::u16string_view> TextLines(std::u16string_view text);
+
+/// Without blanks and tabs at both ends.
+std::u16string_view TrimBlanksAndTabs(std::u16string_view text);
 
 }  // namespace tarvex

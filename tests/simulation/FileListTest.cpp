@@ -46,8 +46,8 @@ TEST(FileListTest, LostCharacterIsAnErrorWithItsLine) {
     const ParsedFileList parsed = Parse("C:\\a.mdb\nC:\\?.mdb\n");
     EXPECT_EQ(ProblemLines(parsed.problems),
               Texts({u"dateien.txt, Zeile 2: 'C:\\?.mdb' enthält ein '?': Die Konsole hat ein "
-                     u"Zeichen verloren. Mit 'cmd /u /c dir /s /b /a-d' oder 'chcp 65001' bleibt "
-                     u"es erhalten."}));
+                     u"Zeichen verloren. Mit 'cmd /u /c dir /s /b /a-d' oder nach 'chcp 65001' "
+                     u"bleibt es erhalten."}));
 }
 
 TEST(FileListTest, LineThatIsNoFullPathIsAnErrorWithItsLine) {
