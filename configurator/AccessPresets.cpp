@@ -9,7 +9,7 @@ namespace {
 /// A version of Office with its Access.
 ///
 /// Known: the set-ups of the Windows Installer (2007 to 2016) write the folder of the program to
-/// Access\\InstallRoot\\Path below the version's key, in the view of their own bitness. 32-bit
+/// Access\InstallRoot\Path below the version's key, in the view of their own bitness. 32-bit
 /// Office on a 64-bit Windows is thus found in the view that a 32-bit program has, 64-bit Office in
 /// the other one, where the launcher looks next. Click-to-Run of 16.0 writes the same value; with
 /// that of 15.0 it may be missing. Access 2016, 2019, 2021, 2024 and Microsoft 365 all call
@@ -34,9 +34,10 @@ constexpr KnownVersion kOldVersions[] = {
     {u"8.0", u"Access 97"},
 };
 
-/// The path that Windows starts for the bare name. Both views share the key since Windows 7. The
-/// version installed last has written it, Click-to-Run too; set-ups of the runtime may leave it
-/// out. The default value is the program's path, Path its folder.
+/// The path that Windows starts for the bare name, as its documentation tells how programs register
+/// themselves: the default value is the program's path, Path its folder. Both views share the key
+/// since Windows 7 (the table of keys affected by WOW64). The version installed last has written
+/// it, Click-to-Run too; it may be missing.
 constexpr std::u16string_view kRegisteredPath =
     u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MSACCESS.EXE";
 
