@@ -68,7 +68,7 @@ int Brand(CommandContext& context, const CommandLine& line) {
     }
     BrandWriter writer(context.Store(), context.Codec());
     if (line.Has(Option::DryRun)) {
-        const Problems problems = writer.CheckBrand(source);
+        const Problems problems = writer.CheckBrand(source, collected.settings);
         if (problems.empty()) {
             context.Out(ShownChanges({}, collected.settings));
         }

@@ -23,7 +23,7 @@ int Change(CommandContext& context, const CommandLine& line, const Settings& cha
     }
     BrandWriter writer(context.Store(), context.Codec());
     if (line.Has(Option::DryRun)) {
-        const Problems problems = writer.CheckChange(file);
+        const Problems problems = writer.CheckChange(file, changes);
         if (problems.empty()) {
             context.Out(ShownChanges(loaded.settings, changes));
         }

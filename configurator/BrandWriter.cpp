@@ -67,26 +67,29 @@ Problems BrandWriter::Change(std::u16string_view file, const Settings& changes) 
     return Write(Purpose::Change, file, file, changes, {.force = true, .held = lock.get()});
 }
 
-Problems BrandWriter::CheckBrand(std::u16string_view source) {
-    return CheckSource(Purpose::Brand, source);
+Problems BrandWriter::CheckBrand(std::u16string_view source, const Settings& settings) {
+    return CheckSource(Purpose::Brand, source, settings);
 }
 
-Problems BrandWriter::CheckChange(std::u16string_view file) {
-    return CheckSource(Purpose::Change, file);
+Problems BrandWriter::CheckChange(std::u16string_view file, const Settings& changes) {
+    return CheckSource(Purpose::Change, file, changes);
 }
 
-Problems BrandWriter::CheckSource(Purpose purpose, std::u16string_view source) {
+Problems BrandWriter::CheckSource(Purpose purpose, std::u16string_view source,
+                                  const Settings& settings) {
     try {
-        return Refusals(purpose, LauncherImage::Read(store_.ReadAll(source), source), source);
+        return Refusals(purpose, LauncherImage::Read(store_.ReadAll(source), source), source,
+                        settings);
     } catch (...) {
         return {{std::u16string(source), 0, {}, CaughtText()}};
     }
 }
 
 Problems BrandWriter::Refusals(Purpose purpose, const LauncherImage& image,
-                               std::u16string_view source) {
+                               std::u16string_view source, const Settings& settings) {
     Problems problems = image.ReadProblems();
     Append(problems, image.ChangeProblems());
+    Append(problems, image.ProblemsOfSetting(settings));
     if (purpose == Purpose::Brand && image.IsBranded()) {
         problems.push_back({std::u16string(source),
                             0,
@@ -103,7 +106,7 @@ Problems BrandWriter::Write(Purpose purpose, std::u16string_view source, std::u1
     try {
         const std::string bytes = store_.ReadAll(source);
         const LauncherImage image = LauncherImage::Read(bytes, source);
-        const Problems problems = Refusals(purpose, image, source);
+        const Problems problems = Refusals(purpose, image, source, settings);
         if (!problems.empty()) {
             return problems;
         }
@@ -138,6 +141,9 @@ void BrandWriter::SaveWithCuBrand(Purpose purpose, std::u16string_view file,
     brand.SetFileName(file);
     brand.LoadFromFile();
     for (const auto& [number, entry] : settings.Entries()) {
+        if (image.Find(number) == nullptr) {
+            continue;  // an empty value for a field that this version does not have
+        }
         const BrandField& field = *FindBrandField(number);
         cuBranding& item = brand.Brandings().Item(number);
         // A value that crosses a block was loaded only up to there. With the whole value the item
@@ -185,7 +191,7 @@ Problems CompareBranded(std::string_view before, std::string_view after, const S
         const LauncherImage::Mark* mark = image.Find(field.number);
         const LauncherImage::Mark* oldMark = old.Find(field.number);
         if (mark == nullptr || oldMark == nullptr) {
-            continue;  // reported above
+            continue;  // the file has no such field, or bytes around its value have changed
         }
         const std::u16string expected =
             settings.Has(field.number)

@@ -30,8 +30,8 @@ public:
     Problems Change(std::u16string_view file, const Settings& changes);
 
     /// What Brand or Change would refuse the program for, without writing anything.
-    Problems CheckBrand(std::u16string_view source);
-    Problems CheckChange(std::u16string_view file);
+    Problems CheckBrand(std::u16string_view source, const Settings& settings);
+    Problems CheckChange(std::u16string_view file, const Settings& changes);
 
     /// What the user should know of files that were written all the same: an owner or hard links
     /// that could not be kept.
@@ -40,9 +40,9 @@ public:
 private:
     enum class Purpose { Brand, Change };
 
-    Problems CheckSource(Purpose purpose, std::u16string_view source);
+    Problems CheckSource(Purpose purpose, std::u16string_view source, const Settings& settings);
     static Problems Refusals(Purpose purpose, const LauncherImage& image,
-                             std::u16string_view source);
+                             std::u16string_view source, const Settings& settings);
     Problems Write(Purpose purpose, std::u16string_view source, std::u16string_view output,
                    const Settings& settings, const OutputRules& rules);
     Problems WriteCopy(Purpose purpose, const std::string& bytes, const LauncherImage& image,

@@ -12,15 +12,12 @@ Findings CheckFile(std::string_view bytes, std::u16string_view name, const TextC
     LoadedSettings loaded = LoadSettings(bytes, name, codec);
     Findings findings;
     if (loaded.isProgram) {
-        findings = AsFindings(u"launcher-file", std::move(loaded.problems));
-        Append(findings,
-               AsFindings(u"not-changeable", LauncherImage::Read(bytes, name).ChangeProblems()));
-        if (!loaded.branded && !loaded.settings.Entries().empty()) {
-            findings.push_back(
-                {u"not-branded",
-                 {std::u16string(name), 0, {}, u"Das Startprogramm ist noch nicht konfiguriert."}});
+        const LauncherImage image = LauncherImage::Read(bytes, name);
+        findings = CheckLauncher(image, name);
+        if (!image.ReadProblems().empty() || !loaded.branded) {
             return findings;
         }
+        Append(findings, AsFindings(u"launcher-file", std::move(loaded.problems)));
     } else {
         findings = AsFindings(u"settings-file", std::move(loaded.problems));
         Append(findings, std::move(loaded.warnings));

@@ -74,6 +74,44 @@ TEST_F(BrandWriterTest, ChangeTouchesOnlyTheGivenFields) {
     EXPECT_EQ(world_.files.Bytes(u"K.exe"), expected);
 }
 
+TEST_F(BrandWriterTest, LauncherOfAnotherVersionIsWrittenAndItsOwnMarksStay) {
+    SyntheticLauncher launcher;
+    std::erase_if(launcher.marks, [](const SyntheticMark& mark) { return mark.name == u"Cmd"; });
+    launcher.marks.push_back({70, 20, u"Neu", u"bleibt", 0});
+    const std::string before = launcher.Build();
+    world_.files.AddFile(u"T.exe", before);
+    Settings settings;
+    settings.Set(kFieldFileID, u"42");
+    settings.Set(kFieldCmd, u"");
+    EXPECT_TRUE(Writer().Brand(u"T.exe", u"K.exe", settings, {.force = true}).empty());
+    EXPECT_EQ(Written(u"K.exe").Value(kFieldFileID), u"42");
+    EXPECT_FALSE(Written(u"K.exe").Has(kFieldCmd));
+    std::string expected = before;
+    PutText(expected, LauncherImage::Read(before, {}).Find(kFieldFileID)->valueStart,
+            ScrambleBrandValue(u"42", world_.codec));
+    expected[LauncherImage::Read(before, {}).MarkerDigit()] = '1';
+    EXPECT_EQ(world_.files.Bytes(u"K.exe"), expected);
+}
+
+TEST_F(BrandWriterTest, ValueForAFieldThatTheLauncherDoesNotHaveIsRefused) {
+    SyntheticLauncher launcher;
+    std::erase_if(launcher.marks, [](const SyntheticMark& mark) { return mark.name == u"Cmd"; });
+    const std::string before = launcher.Build();
+    world_.files.AddFile(u"T.exe", before);
+    Settings settings;
+    settings.Set(kFieldCmd, u"x");
+    for (const Problems& problems :
+         {Writer().CheckChange(u"T.exe", settings), Writer().CheckBrand(u"T.exe", settings),
+          Writer().Change(u"T.exe", settings)}) {
+        ASSERT_EQ(problems.size(), 1U);
+        EXPECT_EQ(
+            ProblemLine(problems[0]),
+            u"T.exe, Cmd: Das Startprogramm ist von einer anderen Version und hat dieses Feld "
+            u"nicht.");
+    }
+    EXPECT_EQ(world_.files.Bytes(u"T.exe"), before);
+}
+
 // cuBrand loads "abcd" of such a value, and would see no change when that is the new value.
 TEST_F(BrandWriterTest, ValueAcrossTwoBlocksIsReplacedWhole) {
     SyntheticLauncher launcher;
