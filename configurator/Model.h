@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "branding/BrandFields.h"
@@ -53,8 +54,13 @@ public:
     /// The fields that were set, under their numbers.
     const std::map<std::int32_t, Entry>& Entries() const { return entries_; }
 
+    /// Content of the .ico file that the field IconFile names; empty when nobody has read one.
+    const std::string& Icon() const { return icon_; }
+    void SetIcon(std::string bytes) { icon_ = std::move(bytes); }
+
 private:
     std::map<std::int32_t, Entry> entries_;
+    std::string icon_;
 };
 
 /// The text without blanks and tabs at its ends.

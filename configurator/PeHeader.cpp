@@ -2,7 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+
+#include "configurator/ByteNumbers.h"
 
 namespace tarvex {
 namespace {
@@ -15,41 +16,30 @@ constexpr std::size_t kDirectoryCountOffset = 92;  // within the optional header
 constexpr std::size_t kDirectoriesOffset = 96;
 constexpr std::size_t kSecurityDirectory = 4;
 
-/// A little-endian number of `size` bytes; nothing when it does not lie in the file.
-std::optional<std::uint32_t> Number(std::string_view bytes, std::size_t at, std::size_t size) {
-    if (at > bytes.size() || bytes.size() - at < size) {
-        return std::nullopt;
-    }
-    std::uint32_t number = 0;
-    for (std::size_t i = size; i-- > 0;) {
-        number = number << 8U | static_cast<std::uint8_t>(bytes[at + i]);
-    }
-    return number;
-}
-
 bool IsSigned(std::string_view bytes, std::size_t optionalHeader) {
-    const auto count = Number(bytes, optionalHeader + kDirectoryCountOffset, 4);
+    const auto count = NumberAt(bytes, optionalHeader + kDirectoryCountOffset, 4);
     if (!count || *count <= kSecurityDirectory) {
         return false;
     }
     const std::size_t entry = optionalHeader + kDirectoriesOffset + 8 * kSecurityDirectory;
-    return Number(bytes, entry, 4).value_or(0) != 0 || Number(bytes, entry + 4, 4).value_or(0) != 0;
+    return NumberAt(bytes, entry, 4).value_or(0) != 0 ||
+           NumberAt(bytes, entry + 4, 4).value_or(0) != 0;
 }
 
 }  // namespace
 
 PeHeader ReadPeHeader(std::string_view bytes) {
-    const auto start = Number(bytes, 0x3c, 4);
+    const auto start = NumberAt(bytes, 0x3c, 4);
     if (!bytes.starts_with("MZ") || !start || *start > bytes.size() ||
         !bytes.substr(*start).starts_with(std::string_view("PE\0\0", 4))) {
         return {};
     }
     const std::size_t fileHeader = std::size_t{*start} + 4;
     const std::size_t optionalHeader = fileHeader + 20;
-    const std::uint32_t flags = Number(bytes, fileHeader + 18, 2).value_or(0);
+    const std::uint32_t flags = NumberAt(bytes, fileHeader + 18, 2).value_or(0);
     PeHeader header;
-    header.isProgram32 = Number(bytes, fileHeader, 2) == kMachineI386 &&
-                         Number(bytes, optionalHeader, 2) == kOptionalHeader32 &&
+    header.isProgram32 = NumberAt(bytes, fileHeader, 2) == kMachineI386 &&
+                         NumberAt(bytes, optionalHeader, 2) == kOptionalHeader32 &&
                          (flags & kFileIsExecutable) != 0 && (flags & kFileIsLibrary) == 0;
     header.isSigned = header.isProgram32 && IsSigned(bytes, optionalHeader);
     return header;

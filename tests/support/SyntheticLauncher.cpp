@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "branding/BrandFields.h"
+#include "tests/support/SyntheticRoom.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -32,6 +33,24 @@ std::u16string MarkText(const SyntheticMark& mark) {
     value.resize(static_cast<std::size_t>(mark.width), u' ');
     return u"@#BRD#@|" + text::Decimal(mark.number, 3) + u"|" + text::Decimal(mark.width, 4) +
            u"|" + mark.name + u"|" + value;
+}
+
+void AddResources(std::string& bytes) {
+    bytes.resize((bytes.size() + 511) / 512 * 512, '\0');
+    const std::string resources =
+        SyntheticRoom().Build(bytes.size(), SyntheticLauncher::kResources);
+    constexpr std::size_t optionalHeader = kHeaderOffset + 24;
+    constexpr std::uint32_t optionalSize = 224;
+    PutNumber(bytes, kHeaderOffset + 6, 1, 2);  // sections
+    PutNumber(bytes, kHeaderOffset + 20, optionalSize, 2);
+    PutNumber(bytes, optionalHeader + 112, SyntheticLauncher::kResources, 4);
+    constexpr std::size_t section = optionalHeader + optionalSize;
+    bytes.replace(section, 5, ".rsrc");
+    PutNumber(bytes, section + 8, static_cast<std::uint32_t>(resources.size()), 4);
+    PutNumber(bytes, section + 12, SyntheticLauncher::kResources, 4);
+    PutNumber(bytes, section + 16, static_cast<std::uint32_t>(resources.size()), 4);
+    PutNumber(bytes, section + 20, static_cast<std::uint32_t>(bytes.size()), 4);
+    bytes += resources;
 }
 
 }  // namespace
@@ -82,6 +101,9 @@ std::string SyntheticLauncher::Build() const {
         next = (next + 4 + 15) / 16 * 16;  // texts on 16-byte boundaries: no prefix is split
         PutConstant(bytes, next, text);
         next += 2 * text.size() + 2;
+    }
+    if (hasRoom) {
+        AddResources(bytes);
     }
     bytes.resize((bytes.size() + multiple - 1) / multiple * multiple, '\0');
     return bytes;

@@ -33,6 +33,8 @@ struct SyntheticLauncher {
     std::u16string comparison = u"@#BRANDED1#@";  ///< what the program compares the marker with
     std::size_t comparisonStart = 1280;
     std::size_t multiple = 32768;  ///< of which the length is one
+    bool hasRoom = false;          ///< resources as SyntheticRoom makes them, loaded at kResources
+    static constexpr std::uint32_t kResources = 0x41000;
 
     SyntheticMark& Mark(std::u16string_view name);
     std::string Build() const;
