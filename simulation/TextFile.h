@@ -30,7 +30,4 @@ std::u16string FromCodePage850(std::string_view bytes);
 /// The lines of a text, without their ends (CR LF or LF); none after the last line end.
 std::vector<std::u16string_view> TextLines(std::u16string_view text);
 
-/// Without blanks and tabs at both ends.
-std::u16string_view TrimBlanksAndTabs(std::u16string_view text);
-
 }  // namespace tarvex
