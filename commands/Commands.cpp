@@ -7,6 +7,8 @@
 #include "commands/Verbs.h"
 #include "configurator/FileTexts.h"
 #include "resources/Version.h"
+#include "text/CodePages.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -55,6 +57,8 @@ int Execute(CommandContext& context, const CommandLine& line) {
             return Check(context, line);
         case CommandKind::Fields:
             return Fields(context, line);
+        case CommandKind::Presets:
+            return Presets(context, line);
         case CommandKind::Help:
             return Help(context, line);
         case CommandKind::Completion:
@@ -75,9 +79,20 @@ int Execute(CommandContext& context, const CommandLine& line) {
 int RunCommand(const std::vector<std::u16string>& arguments,
                const ConfiguratorEnvironment& environment) {
     const CommandLine line = ParseCommandLine(arguments);
-    CommandContext context(environment, line.Has(Option::Quiet));
+    std::unique_ptr<TextCodec> codePage;
+    if (line.Has(Option::Codepage)) {
+        codePage = MakeCodePage(text::ParseInt32(line.Value(Option::Codepage)).value_or(0));
+    }
+    const TextCodec& codec = codePage != nullptr ? *codePage : environment.codec;
+    CommandContext context({environment.store, codec, environment.console},
+                           line.Has(Option::Quiet));
     if (!line.usageError.empty()) {
         context.Err(line.usageError);
+        return kWrongUsage;
+    }
+    if (line.Has(Option::Codepage) && codePage == nullptr) {
+        context.Err(u"Die Codeseite '" + std::u16string(line.Value(Option::Codepage)) +
+                    u"' gibt es hier nicht; möglich sind 874 und 1250 bis 1258.");
         return kWrongUsage;
     }
     int code = kFailed;

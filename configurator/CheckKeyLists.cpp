@@ -253,12 +253,18 @@ void CheckKeyListField(CheckRun& run, const CheckTarget& target, std::int32_t nu
         EntryChecker(run, target, number, value).Check();
         return;
     }
-    if (hasListMarker) {
+    const std::vector<std::u16string> entries = text::SplitList(value, markers.list);
+    // Several whole entries in one field are meant so: the known places of Access are given that
+    // way. A file name that begins with "%" divides an entry by mistake.
+    const bool byMistake = std::any_of(
+        entries.begin(), entries.end(),
+        [](const std::u16string& entry) { return ParseKeyListEntry(entry).error.has_value(); });
+    if (hasListMarker && byMistake) {
         run.Report(u"key-list-divided", number,
                    u"Der Wert enthält die Listenmarke '%|%'; er wird dort in mehrere Einträge "
                    u"geteilt.");
     }
-    for (const std::u16string& entry : text::SplitList(value, markers.list)) {
+    for (const std::u16string& entry : entries) {
         EntryChecker(run, target, number, entry).Check();
     }
 }

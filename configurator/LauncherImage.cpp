@@ -189,7 +189,10 @@ private:
         }
         const BrandField* field = FindBrandField(header->number);
         if (field == nullptr) {
-            image_.unknownMarks_.push_back({header->number, header->width, header->name});
+            const std::u16string area =
+                Characters(bytes_, start + 2 * header->characters, header->width);
+            image_.unknownMarks_.push_back(
+                {header->number, header->width, header->name, text::Trim(area).empty()});
             return;
         }
         const std::u16string mark = u"Die Marke " + text::Decimal(field->number, 3) + u" ";

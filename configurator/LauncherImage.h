@@ -26,6 +26,7 @@ public:
         std::int32_t number = 0;
         std::size_t width = 0;
         std::u16string name;
+        bool isEmpty = true;  ///< its value area holds blanks only
     };
 
     /// Reads a file's bytes; never fails. `name` names the file in the problems.

@@ -402,6 +402,33 @@ TEST_F(CommandsTest, EmptyLineIsAPasswordOnlyWithForce) {
     EXPECT_EQ(console_.out, u"\n");
 }
 
+TEST_F(CommandsTest, PresetsAreASettingsFileWithoutFindings) {
+    EXPECT_EQ(world_.Run({u"presets"}), 0);
+    EXPECT_NE(
+        console_.out.find(
+            u"; Access 2016 und neuer, Microsoft 365 (Office 16.0)\n"
+            u"AccRegList01 = HKLM\\SOFTWARE\\Microsoft\\Office\\16.0\\Access\\InstallRoot\\Path\n"),
+        std::u16string::npos);
+    EXPECT_NE(console_.out.find(u"AccRegList10 = HKLM\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion"
+                                u"\\App Paths\\MSACCESS.EXE\\Path\n"),
+              std::u16string::npos);
+    world_.files.AddFile(u"K.ini", text::ToUtf8(console_.out) + "DBFilename = a.mdb\n");
+    EXPECT_EQ(world_.Run({u"check", u"K.ini", u"--strict"}), 0) << text::ToUtf8(console_.err);
+    EXPECT_EQ(console_.err, u"");
+}
+
+TEST_F(CommandsTest, CodePageOfTheUsersIsAskedFor) {
+    EXPECT_EQ(world_.Run({u"set", u"T.exe", u"AppName=Žluť", u"--codepage", u"1250"}), 0)
+        << text::ToUtf8(console_.err);
+    EXPECT_EQ(world_.Run({u"get", u"T.exe", u"AppName", u"--codepage", u"1250"}), 0);
+    EXPECT_EQ(console_.out, u"Žluť\n");
+    EXPECT_EQ(world_.Run({u"set", u"T.exe", u"AppName=Žluť"}), 1);
+    EXPECT_EQ(world_.Run({u"set", u"T.exe", u"AppName=x", u"--codepage", u"932"}), 2);
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: Die Codeseite '932' gibt es hier nicht; möglich sind 874 und 1250 bis "
+              u"1258.\n");
+}
+
 TEST_F(CommandsTest, FileMayHaveTheNameOfACommand) {
     world_.files.AddFile(u"show", SyntheticLauncher().Build());
     EXPECT_EQ(world_.Run({u"set", u"show", u"Cmd=/x"}), 0) << text::ToUtf8(console_.err);

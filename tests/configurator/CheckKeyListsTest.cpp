@@ -48,11 +48,14 @@ TEST(CheckKeyListsTest, FileNameOfAnAccessEntryIsIgnored) {
                      u"msaccess.exe. [access-entry-file]"}));
 }
 
-TEST(CheckKeyListsTest, ListMarkerDividesAValue) {
+TEST(CheckKeyListsTest, SeveralWholeEntriesInAFieldAreMeantSo) {
+    EXPECT_EQ(CheckEntry(u"HKLM\\A\\B%|%HKLM\\A\\C"), Texts());
+}
+
+TEST(CheckKeyListsTest, ListMarkerInAFileNameDividesAnEntry) {
     const std::u16string divided =
         u"DBRegList01: Warnung: Der Wert enthält die Listenmarke '%|%'; er wird dort in mehrere "
         u"Einträge geteilt. [key-list-divided]";
-    EXPECT_EQ(CheckEntry(u"HKLM\\A\\B%|%HKLM\\A\\C"), Texts({divided}));
     EXPECT_EQ(CheckEntry(u"HKLM\\A\\B%|Filename%|%x.mdb"),
               Texts({divided,
                      u"DBRegList01: Fehler: '%|Filename' ist keine Marke; es gibt '%|SubDir|%' vor "

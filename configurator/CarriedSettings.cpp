@@ -1,0 +1,110 @@
+#include "configurator/CarriedSettings.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "configurator/LauncherImage.h"
+#include "configurator/SettingsSource.h"
+#include "text/Text.h"
+
+namespace tarvex {
+namespace {
+
+class Carrier {
+public:
+    Carrier(std::u16string_view oldName, const std::vector<std::u16string>& drop)
+        : oldName_(oldName), drop_(drop), dropped_(drop.size()) {}
+
+    CarriedSettings Carry(std::string_view old, std::string_view target,
+                          std::u16string_view targetName, const TextCodec& codec) {
+        const LoadedSettings loaded = LoadSettings(old, oldName_, codec);
+        result_.problems = loaded.problems;
+        if (!loaded.isProgram || (result_.problems.empty() && !loaded.branded)) {
+            Report({},
+                   u"Die Datei ist kein konfiguriertes Startprogramm; es gibt nichts zu "
+                   u"übernehmen.");
+        }
+        if (!result_.problems.empty()) {
+            return std::move(result_);
+        }
+        const LauncherImage image = LauncherImage::Read(target, targetName);
+        TakeSettings(loaded.settings, image, codec);
+        LookAtUnknown(LauncherImage::Read(old, oldName_));
+        CheckDropped();
+        return std::move(result_);
+    }
+
+private:
+    void TakeSettings(const Settings& settings, const LauncherImage& target,
+                      const TextCodec& codec) {
+        Settings kept;
+        for (const auto& [number, entry] : settings.Entries()) {
+            const BrandField& field = *FindBrandField(number);
+            if (IsDropped(field.name) || entry.value.empty()) {
+                continue;
+            }
+            const AcceptedValue accepted = AcceptValue(field, entry.value, codec);
+            if (!accepted.problem.empty()) {
+                Report(field.name, accepted.problem + Hint(field.name));
+                continue;
+            }
+            kept.Set(number, accepted.value);
+        }
+        for (const Problem& problem : target.ProblemsOfSetting(kept)) {
+            Report(problem.field, u"Die Vorlage hat dieses Feld nicht." + Hint(problem.field));
+        }
+        result_.settings = std::move(kept);
+    }
+
+    /// Settings of a version that this program does not know: it can neither read nor write them.
+    void LookAtUnknown(const LauncherImage& old) {
+        for (const LauncherImage::UnknownMark& mark : old.UnknownMarks()) {
+            if (!IsDropped(mark.name) && !mark.isEmpty) {
+                Report(mark.name,
+                       u"Diese Version von tarvexcf kennt das Feld nicht." + Hint(mark.name));
+            }
+        }
+    }
+
+    void CheckDropped() {
+        for (std::size_t i = 0; i < drop_.size(); ++i) {
+            if (!dropped_[i] && FindBrandFieldByName(drop_[i]) == nullptr) {
+                result_.problems.push_back({u"--drop", 0, drop_[i], UnknownNameText(drop_[i])});
+            }
+        }
+    }
+
+    bool IsDropped(std::u16string_view name) {
+        bool dropped = false;
+        for (std::size_t i = 0; i < drop_.size(); ++i) {
+            if (text::EqualsIgnoreCase(drop_[i], name)) {
+                dropped_[i] = true;
+                dropped = true;
+            }
+        }
+        return dropped;
+    }
+
+    static std::u16string Hint(std::u16string_view name) {
+        return u" --drop " + std::u16string(name) + u" lässt es weg.";
+    }
+
+    void Report(std::u16string_view field, std::u16string text) {
+        result_.problems.push_back({oldName_, 0, std::u16string(field), std::move(text)});
+    }
+
+    std::u16string oldName_;
+    const std::vector<std::u16string>& drop_;
+    std::vector<bool> dropped_;
+    CarriedSettings result_;
+};
+
+}  // namespace
+
+CarriedSettings CarrySettings(std::string_view old, std::u16string_view oldName,
+                              std::string_view target, std::u16string_view targetName,
+                              const std::vector<std::u16string>& drop, const TextCodec& codec) {
+    return Carrier(oldName, drop).Carry(old, target, targetName, codec);
+}
+
+}  // namespace tarvex
