@@ -27,12 +27,14 @@ std::u16string TemporaryName(const std::u16string& path, std::uint32_t number) {
 }
 
 /// Creates the file; its path is left in `path`.
-UniqueFile CreateNewFile(std::u16string& path, DWORD& error) {
+UniqueFile CreateNewFile(std::u16string& path, DWORD& error, void* security) {
     const std::u16string target = path;
+    const DWORD access = security == nullptr ? GENERIC_WRITE : GENERIC_WRITE | WRITE_DAC;
     std::uint32_t number = GetTickCount() ^ (GetCurrentProcessId() << 16);
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         path = TemporaryName(target, number++);
-        UniqueFile file(CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+        UniqueFile file(CreateFileW(Wide(path), access, 0,
+                                    static_cast<SECURITY_ATTRIBUTES*>(security), CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
         error = file ? ERROR_SUCCESS : GetLastError();
         if (error != ERROR_FILE_EXISTS) {
@@ -115,9 +117,9 @@ bool WriteAll(void* file, std::string_view bytes) {
 }
 
 std::u16string WriteNewFileBeside(const std::u16string& path, std::string_view bytes,
-                                  unsigned long& error) {
+                                  unsigned long& error, void* security) {
     std::u16string result = path;
-    UniqueFile file = CreateNewFile(result, error);
+    UniqueFile file = CreateNewFile(result, error, security);
     if (!file) {
         return {};
     }

@@ -22,8 +22,9 @@ bool WriteAll(void* file, std::string_view bytes);
 
 /// A new file of a name of its own in the folder of `path`, holding the bytes, flushed to the disk
 /// and closed; returns its path. Empty on failure with the reason in `error`, a code of
-/// GetLastError; no file is left then. `path` is one that SystemPath returned.
+/// GetLastError; no file is left then. `path` is one that SystemPath returned. `security` is null
+/// or the SECURITY_ATTRIBUTES of the new file, whose rights can be changed later.
 std::u16string WriteNewFileBeside(const std::u16string& path, std::string_view bytes,
-                                  unsigned long& error);
+                                  unsigned long& error, void* security = nullptr);
 
 }  // namespace tarvex

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "platform/win32/FileIdentity.h"
+#include "platform/win32/FileRights.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/SystemFile.h"
 #include "platform/win32/SystemPath.h"
@@ -116,27 +117,40 @@ std::u16string Win32FileStore::WriteNewBeside(std::u16string_view path, std::str
     const std::u16string target = FollowLink(FilePath(path));
     DWORD error = ERROR_SUCCESS;
     ProgramGate().Enter();
-    std::u16string temp = WriteNewFileBeside(target, bytes, error);
+    OwnerOnlyRights rights;
+    std::u16string temp = WriteNewFileBeside(target, bytes, error, rights.Get());
+    const bool ownerOnly = !temp.empty() && rights.Get() != nullptr;
+    if (temp.empty() && error == ERROR_ACCESS_DENIED) {
+        // A share may let its users write, but change no rights, which are the folder's then.
+        temp = WriteNewFileBeside(target, bytes, error);
+    }
     if (temp.empty()) {
         ProgramGate().Leave();
         throw FileFailureOf(error);
     }
-    temporaries_.insert(temp);
+    temporaries_[temp] = ownerOnly;
     return temp;
 }
 
 bool Win32FileStore::ReplaceWith(std::u16string_view temp, std::u16string_view path,
-                                 const FileAccess& /*access*/) {
+                                 const FileAccess& access) {
     const std::u16string source = FilePath(temp);
     const std::u16string target = FollowLink(FilePath(path));
     Flush(source);
     RequireReplaceable(target);
     const DWORD attributes = GetFileAttributesW(Wide(target));
-    if (attributes != INVALID_FILE_ATTRIBUTES) {
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (!access.ownerOnly && IsOwnerOnly(temp)) {
+        if (exists) {
+            CopyRights(target, source);
+        } else {
+            InheritRights(source);
+        }
+    }
+    if (exists) {
         SetFileAttributesW(Wide(source), attributes);
     }
-    // ReplaceFileW would keep the access rights as well, but it works in several steps and can stop
-    // after the first, when the old file is gone.
+    // ReplaceFileW works in several steps and can stop after the first, when the old file is gone.
     if (!MoveFileExW(Wide(source), Wide(target),
                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
         const FileFailure failure = FileFailureOf(GetLastError());
@@ -151,9 +165,12 @@ bool Win32FileStore::ReplaceWith(std::u16string_view temp, std::u16string_view p
 }
 
 void Win32FileStore::PlaceNew(std::u16string_view temp, std::u16string_view path,
-                              const FileAccess& /*access*/) {
+                              const FileAccess& access) {
     const std::u16string source = FilePath(temp);
     Flush(source);
+    if (!access.ownerOnly && IsOwnerOnly(temp)) {
+        InheritRights(source);
+    }
     if (!MoveFileExW(Wide(source), Wide(FilePath(path)), MOVEFILE_WRITE_THROUGH)) {
         ThrowLastFileFailure();
     }
@@ -165,6 +182,11 @@ void Win32FileStore::Remove(std::u16string_view path) {
         ThrowLastFileFailure();
     }
     Settle(path);
+}
+
+bool Win32FileStore::IsOwnerOnly(std::u16string_view temp) const {
+    const auto found = temporaries_.find(temp);
+    return found != temporaries_.end() && found->second;
 }
 
 void Win32FileStore::Settle(std::u16string_view temp) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <functional>
-#include <set>
+#include <map>
 #include <string>
 
 #include "platform/FileStore.h"
@@ -17,7 +17,9 @@ public:
     bool Write(std::u16string_view path, std::string_view bytes, bool overwrite) override;
 };
 
-/// The files of Windows for a program that changes them.
+/// The files of Windows for a program that changes them. Access rights take the place of permission
+/// bits; a new file gets those that its folder has for new ones, whatever its model has. The owner
+/// of a replaced file is the one who replaces it.
 class Win32FileStore : public FileStore {
 public:
     bool FileExists(std::u16string_view path) const override;
@@ -38,7 +40,11 @@ private:
     /// The file at `temp` has got its name, or is gone.
     void Settle(std::u16string_view temp);
 
-    std::set<std::u16string, std::less<>> temporaries_;  ///< made by WriteNewBeside
+    /// True when the file at `temp` has no rights of its folder.
+    bool IsOwnerOnly(std::u16string_view temp) const;
+
+    /// The files that WriteNewBeside made, and whether they are IsOwnerOnly.
+    std::map<std::u16string, bool, std::less<>> temporaries_;
 };
 
 }  // namespace tarvex

@@ -30,7 +30,7 @@ def native():
 def folder(tmp_path):
     template = pathlib.Path(os.environ["TARVEX_WIN32_DIST"]) / "tarvex.exe"
     (tmp_path / "T.exe").write_bytes(template.read_bytes())
-    (tmp_path / "K.ini").write_text("AppName = Kunden\nUser = Meier\n")
+    (tmp_path / "K.ini").write_text("AppName = Kunden\nUser = Meier\nAccPath = C:\\Office\\MSACCESS.EXE\n")
     return tmp_path
 
 

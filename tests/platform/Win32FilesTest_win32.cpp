@@ -5,6 +5,8 @@
 #include "platform/win32/WindowsApi.h"
 #include "tests/platform/RealFilesContract.h"
 
+#include <aclapi.h>
+
 namespace tarvex {
 
 namespace {
@@ -157,6 +159,68 @@ TEST(Win32FileStoreTest, DeviceIsDescribedAsOne) {
     }
     EXPECT_EQ(ProblemOf([] { Win32FileStore().WriteNewBeside(u"NUL", "x"); }),
               FileProblem::NotAFile);
+}
+
+bool IsSystem(PSID sid) {
+    SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
+    PSID system = nullptr;
+    AllocateAndInitializeSid(&authority, 1, SECURITY_LOCAL_SYSTEM_RID, 0, 0, 0, 0, 0, 0, 0,
+                             &system);
+    const bool same = EqualSid(sid, system) != 0;
+    FreeSid(system);
+    return same;
+}
+
+/// True when somebody has rights on a file who is neither its owner nor the system itself.
+bool OthersHaveRights(const std::u16string& path) {
+    std::u16string name = path;
+    ACL* list = nullptr;
+    PSID user = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    EXPECT_EQ(GetNamedSecurityInfoW(Wide(name), SE_FILE_OBJECT,
+                                    DACL_SECURITY_INFORMATION | OWNER_SECURITY_INFORMATION, &user,
+                                    nullptr, &list, nullptr, &descriptor),
+              DWORD{ERROR_SUCCESS});
+    const UniqueHandle<HLOCAL, LocalFree> owner(descriptor);
+    bool others = list == nullptr;
+    for (DWORD i = 0; list != nullptr && i < list->AceCount; ++i) {
+        void* entry = nullptr;
+        GetAce(list, i, &entry);
+        PSID const sid = &static_cast<ACCESS_ALLOWED_ACE*>(entry)->SidStart;
+        others = others || (EqualSid(sid, user) == 0 && !IsSystem(sid));
+    }
+    return others;
+}
+
+TEST(Win32FileStoreTest, NewFileIsItsOwnersUntilItIsInItsPlace) {
+    TestFolder folder;
+    Win32FileStore store;
+    folder.MakeFile(u"a.exe", "alt");
+    const std::u16string path = folder.Path(u"a.exe");
+    ASSERT_TRUE(OthersHaveRights(path));
+    const std::u16string temp = store.WriteNewBeside(path, "neu");
+    EXPECT_FALSE(OthersHaveRights(temp));
+    store.ReplaceWith(temp, path, {});
+    EXPECT_TRUE(OthersHaveRights(path));
+}
+
+TEST(Win32FileStoreTest, ReplacedFileKeepsRightsOfItsOwn) {
+    TestFolder folder;
+    Win32FileStore store;
+    const std::u16string path = folder.Path(u"a.exe");
+    store.PlaceNew(store.WriteNewBeside(path, "alt"), path, {.ownerOnly = true});
+    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path, {});
+    EXPECT_FALSE(OthersHaveRights(path));
+}
+
+TEST(Win32FileStoreTest, NewFileGetsTheRightsOfItsFolderUnlessItIsItsOwners) {
+    TestFolder folder;
+    Win32FileStore store;
+    const std::u16string path = folder.Path(u"a.exe");
+    store.PlaceNew(store.WriteNewBeside(path, "neu"), path, {});
+    EXPECT_TRUE(OthersHaveRights(path));
+    store.ReplaceWith(store.WriteNewBeside(path, "neu"), path, {.ownerOnly = true});
+    EXPECT_FALSE(OthersHaveRights(path));
 }
 
 TEST(Win32FileFailureTest, CodesOfTheSystemBecomeProblems) {
