@@ -4,16 +4,16 @@
 
 #include "simulation/DescribedFiles.h"
 #include "simulation/DescribedRegistry.h"
-#include "simulation/PcCodec.h"
 #include "simulation/PcDescription.h"
+#include "text/CodePages.h"
 
 namespace tarvex {
 
 namespace {
 
 std::unique_ptr<TextCodec> CodecOf(const PcDescription& description) {
-    std::unique_ptr<TextCodec> codec = MakePcCodec(description.codePage);
-    return codec != nullptr ? std::move(codec) : MakePcCodec(PcDescription().codePage);
+    std::unique_ptr<TextCodec> codec = MakeCodePage(description.codePage);
+    return codec != nullptr ? std::move(codec) : MakeCodePage(PcDescription().codePage);
 }
 
 }  // namespace

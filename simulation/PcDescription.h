@@ -33,7 +33,7 @@ struct PcDescription {
     std::u16string program;  ///< full path of the launcher, which is there
     bool is64Bit = true;
     WindowsVersion windows;
-    std::int32_t codePage = 1252;          ///< as for MakePcCodec; any other counts as 1252
+    std::int32_t codePage = 1252;          ///< one of kCodePages; any other counts as 1252
     std::u16string currentFolder;          ///< empty: the launcher's folder
     std::u16string switches;               ///< the launcher's command line after its name
     std::vector<RegistryExport> registry;  ///< a later one adds to an earlier one

@@ -10,11 +10,11 @@
 #include "configurator/FileTexts.h"
 #include "launch/PathHelpers.h"
 #include "simulation/FileList.h"
-#include "simulation/PcCodec.h"
 #include "simulation/PcDescription.h"
 #include "simulation/RegistryNames.h"
 #include "simulation/TextFile.h"
 #include "simulation/WindowsPaths.h"
+#include "text/CodePages.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -293,9 +293,8 @@ private:
 
     void SetCodePage(std::u16string_view value) {
         const std::optional<std::int32_t> page = text::ParseInt32(value);
-        if (!text::IsDigits(value) || !page || MakePcCodec(*page) == nullptr) {
-            Report(u"Erlaubt sind " + std::u16string(kPcCodePages) + u", nicht " + Quoted(value) +
-                   u".");
+        if (!text::IsDigits(value) || !page || MakeCodePage(*page) == nullptr) {
+            Report(u"Erlaubt sind 874 und 1250 bis 1258, nicht " + Quoted(value) + u".");
             return;
         }
         pc_.codePage = *page;
@@ -361,7 +360,7 @@ private:
 
     /// When everything else is known.
     void ReadReferences() {
-        const std::unique_ptr<TextCodec> codec = MakePcCodec(pc_.codePage);
+        const std::unique_ptr<TextCodec> codec = MakeCodePage(pc_.codePage);
         for (const Reference& reference : references_) {
             const std::u16string path = BesideTheDescription(reference.name);
             const std::optional<std::string> bytes =

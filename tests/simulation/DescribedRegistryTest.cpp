@@ -70,6 +70,13 @@ TEST_F(DescribedRegistryTest, EmptyTextInTheOwnViewLetsTheOtherOneCount) {
     EXPECT_EQ(Read(kHKeyLocalMachine, kFirma, u"Pfad"), "C:\\x");
 }
 
+TEST_F(DescribedRegistryTest, EmptyTextOfThe64BitViewIsNotSaidToBeThereOnly) {
+    Export(u"[HKEY_LOCAL_MACHINE\\SOFTWARE\\Firma]\n\"Pfad\"=\"\"\n");
+    EXPECT_EQ(Read(kHKeyLocalMachine, kFirma, u"Pfad"), "");
+    EXPECT_EQ(Told(), Texts({u"? HKLM\\SOFTWARE\\WOW6432Node\\Firma\\Pfad",
+                             u"+ HKLM\\SOFTWARE\\Firma\\Pfad"}));
+}
+
 TEST_F(DescribedRegistryTest, ExportOfOneViewDoesNotDescribeTheOther) {
     Export(u"[HKEY_LOCAL_MACHINE\\SOFTWARE\\Firma]\n\"Pfad\"=\"C:\\\\x\"\n");
     EXPECT_EQ(Read(kHKeyLocalMachine, kFirma, u"Pfad"), "C:\\x");

@@ -148,6 +148,18 @@ TEST_F(PcFileTest, ExpectedTextsAreTaken) {
     EXPECT_EQ(Expected(u"[Erwartet]\nErgebnis = Start\n").access, std::nullopt);
 }
 
+TEST_F(PcFileTest, AnsiTextsOfTheComputerAreOfItsCodePage) {
+    AddFile(u"fall/a.reg", "REGEDIT4\n\n[HKEY_CURRENT_USER\\X]\n\"a\"=\"\xA5\"\n");
+    const ReadPc read = Read(std::u16string(kStart) + u"Registrierung = a.reg\nCodepage = 1250\n");
+    EXPECT_EQ(ProblemLines(read.problems), Texts());
+    ASSERT_TRUE(read.file);
+    EXPECT_EQ(read.file->pc.Codec().FromAnsi("\xA5"), u"\x104");
+    EXPECT_EQ(read.file->pc.Description().registry.at(0).keys.at(0).values.at(0).data,
+              std::string("\x04\x01\0\0", 4));
+    EXPECT_EQ(read.file->pc.RegistryView().ReadText(kHKeyCurrentUser, u"X", u"a"),
+              std::string("\xA5\0", 2));
+}
+
 TEST_F(PcFileTest, LogFileOfTheLauncherIsATextOfItsCodePage) {
     AddFile(u"fall/k.log",
             "Gr\xF6\xDF"
