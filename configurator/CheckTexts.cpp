@@ -63,8 +63,7 @@ void CheckInnerQuotes(CheckRun& run) {
     for (const std::int32_t number :
          {kFieldProfile, kFieldMacro, kFieldUser, kFieldPwd, kFieldCmd}) {
         const std::u16string argument = Quote(run.Value(number));
-        const bool isClosed = argument.size() > 1 && argument.ends_with(u'"');
-        if (!isClosed || argument.find(u'"', 1) != argument.size() - 1) {
+        if (argument.find(u'"', 1) != argument.size() - 1) {
             run.Report(u"inner-quote", number,
                        u"Der Wert enthält ein Anführungszeichen und steht auf der Befehlszeile "
                        u"selbst in Anführungszeichen; Access liest ihn dort anders.");
