@@ -2,8 +2,8 @@
 
 #include <set>
 
-#include "branding/BrandFields.h"
 #include "commands/CommandTable.h"
+#include "configurator/Model.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -11,8 +11,9 @@ namespace {
 
 std::u16string FieldNames(std::u16string_view suffix) {
     std::u16string names;
-    for (const BrandField& field : kBrandFields) {
-        text::AppendWithSeparator(names, std::u16string(field.name) + std::u16string(suffix), u" ");
+    for (const BrandField* field : FieldsByNumber()) {
+        text::AppendWithSeparator(names, std::u16string(field->name) + std::u16string(suffix),
+                                  u" ");
     }
     return names;
 }

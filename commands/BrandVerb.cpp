@@ -30,8 +30,10 @@ struct Collected {
 void ReadSettingsFile(CommandContext& context, const std::u16string& file, Collected& collected) {
     if (const std::optional<std::string> bytes = context.Read(file, collected.problems)) {
         ParsedSettings parsed = ParseSettings(*bytes, file, context.Codec());
-        collected.settings.SetAll(parsed.settings);
         Append(collected.problems, std::move(parsed.problems));
+        Append(collected.problems,
+               LoadIcon(context.Store(), FolderOf(file), file, parsed.settings));
+        collected.settings.SetAll(parsed.settings);
         Append(collected.findings, std::move(parsed.warnings));
     }
 }

@@ -48,7 +48,7 @@ int Unset(CommandContext& context, const CommandLine& line) {
     Problems problems;
     for (std::size_t i = 1; i < line.arguments.size(); ++i) {
         const std::u16string& name = line.arguments[i];
-        if (const BrandField* field = FindBrandFieldByName(name)) {
+        if (const BrandField* field = FindFieldByName(name)) {
             changes.Set(field->number, {});
         } else {
             problems.push_back({line.arguments[0], 0, name, UnknownNameText(name)});

@@ -21,7 +21,9 @@ LoadedSettings CommandContext::Load(const std::u16string& file) const {
     Problems problems;
     const std::optional<std::string> bytes = Read(file, problems);
     if (bytes) {
-        return LoadSettings(*bytes, file, Codec());
+        LoadedSettings loaded = LoadSettings(*bytes, file, Codec());
+        Append(loaded.problems, LoadIcon(Store(), FolderOf(file), file, loaded.settings));
+        return loaded;
     }
     LoadedSettings nothing;
     nothing.problems = std::move(problems);

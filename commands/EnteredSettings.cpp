@@ -33,9 +33,10 @@ std::u16string AskFor(CommandContext& context, const BrandField& field, bool all
 Problems EnterSettings(CommandContext& context, const std::vector<Assignment>& assignments,
                        std::u16string_view place, bool allowEmpty, Settings& settings) {
     Problems problems;
+    Settings entered;
     std::set<std::int32_t> given;
     for (const Assignment& assignment : assignments) {
-        const BrandField* field = FindBrandFieldByName(assignment.name);
+        const BrandField* field = FindFieldByName(assignment.name);
         const auto report = [&](std::u16string_view problem) {
             problems.push_back({std::u16string(place), 0,
                                 field != nullptr ? std::u16string(field->name) : assignment.name,
@@ -59,11 +60,13 @@ Problems EnterSettings(CommandContext& context, const std::vector<Assignment>& a
             problem = accepted.problem;
         }
         if (problem.empty()) {
-            settings.Set(field->number, accepted.value);
+            entered.Set(field->number, accepted.value);
         } else {
             report(problem);
         }
     }
+    Append(problems, LoadIcon(context.Store(), {}, place, entered));
+    settings.SetAll(entered);
     return problems;
 }
 

@@ -27,9 +27,10 @@ std::u16string LineOf(const BrandField& field, std::size_t nameWidth, const Text
 }  // namespace
 
 int Fields(CommandContext& context, const CommandLine& line) {
-    const auto longest = std::max_element(
-        kBrandFields.begin(), kBrandFields.end(),
-        [](const BrandField& a, const BrandField& b) { return a.name.size() < b.name.size(); });
+    std::size_t longest = 0;
+    for (const BrandField* field : FieldsByNumber()) {
+        longest = std::max(longest, field->name.size());
+    }
     const bool json = line.Has(Option::Json);
     std::u16string out;
     for (const BrandField* field : FieldsByNumber()) {
@@ -37,7 +38,7 @@ int Fields(CommandContext& context, const CommandLine& line) {
             out += out.empty() ? u"[\n" : u",\n";
             out += JsonOf(*field, context.Codec());
         } else {
-            out += LineOf(*field, longest->name.size(), context.Codec());
+            out += LineOf(*field, longest, context.Codec());
         }
     }
     context.Out(json ? out + u"\n]\n" : out);

@@ -28,7 +28,7 @@ int Get(CommandContext& context, const CommandLine& line) {
     Problems& problems = loaded.problems;
     std::u16string out;
     for (std::size_t i = 1; i < line.arguments.size(); ++i) {
-        const BrandField* field = FindBrandFieldByName(line.arguments[i]);
+        const BrandField* field = FindFieldByName(line.arguments[i]);
         if (field == nullptr) {
             problems.push_back({file, 0, line.arguments[i], UnknownNameText(line.arguments[i])});
             continue;

@@ -10,7 +10,7 @@ std::u16string MarkedLine(std::u16string_view mark, std::int32_t number, std::u1
     if (value.empty()) {
         return {};
     }
-    std::u16string line = ShownLine(*FindBrandField(number), value, reveal);
+    std::u16string line = ShownLine(*FindField(number), value, reveal);
     line.pop_back();
     return std::u16string(mark) + text::Replace(line, u"\n", u"\n" + std::u16string(mark)) + u"\n";
 }

@@ -8,6 +8,9 @@
 #include "branding/cuBrand.h"
 #include "configurator/FileCopy.h"
 #include "configurator/FileTexts.h"
+#include "configurator/ProgramFields.h"
+#include "configurator/ProgramResources.h"
+#include "configurator/SettingsDifference.h"
 #include "errors/RaisedError.h"
 #include "text/Text.h"
 
@@ -40,6 +43,26 @@ std::string Unchangeable(std::string_view bytes, const LauncherImage& places) {
         rest[places.MarkerDigit()] = ' ';
     }
     return rest;
+}
+
+/// Whether icon and version texts are read back as they were given.
+void ComparePrograms(std::string_view after, const Settings& settings, const std::u16string& file,
+                     Problems& problems) {
+    Settings given;
+    for (const BrandField& field : kProgramFields) {
+        if (settings.Has(field.number)) {
+            given.Set(field.number, settings.Value(field.number));
+        }
+    }
+    given.SetIcon(settings.Icon());
+    Settings read;
+    AddProgramSettings(ProgramResources::Read(after), read);
+    for (const Difference& difference : CompareSettings(given, read)) {
+        if (given.Has(difference.number)) {
+            problems.push_back({file, 0, std::u16string(FindField(difference.number)->name),
+                                u"Der geschriebene Wert wird nicht so zurückgelesen."});
+        }
+    }
 }
 
 }  // namespace
@@ -78,8 +101,9 @@ Problems BrandWriter::CheckChange(std::u16string_view file, const Settings& chan
 Problems BrandWriter::CheckSource(Purpose purpose, std::u16string_view source,
                                   const Settings& settings) {
     try {
-        return Refusals(purpose, LauncherImage::Read(store_.ReadAll(source), source), source,
-                        settings);
+        std::string bytes = store_.ReadAll(source);
+        Problems problems = Refusals(purpose, LauncherImage::Read(bytes, source), source, settings);
+        return problems.empty() ? PutProgramResources(bytes, settings, source).problems : problems;
     } catch (...) {
         return {{std::u16string(source), 0, {}, CaughtText()}};
     }
@@ -124,11 +148,23 @@ Problems BrandWriter::WriteCopy(Purpose purpose, const std::string& bytes,
     if (!problems.empty()) {
         return problems;
     }
-    FileCopy copy(store_, output, bytes);
+    std::string changed = bytes;
+    const PutResult put = PutProgramResources(changed, settings, output);
+    if (!put.problems.empty()) {
+        return put.problems;
+    }
+    FileCopy copy(store_, output, changed);
     SaveWithCuBrand(purpose, copy.Path(), image, settings);
     problems = CompareBranded(bytes, store_.ReadAll(copy.Path()), settings, output, codec_);
     if (problems.empty()) {
         problems = copy.Place(output, rules, notes_);
+    }
+    if (problems.empty()) {
+        for (const std::u16string& leftOut : put.leftOut) {
+            notes_.push_back({std::u16string(output), 0,
+                              std::u16string(FindField(kFieldIconFile)->name),
+                              u"Nicht im Programm ist " + leftOut + u"."});
+        }
     }
     return problems;
 }
@@ -142,7 +178,7 @@ void BrandWriter::SaveWithCuBrand(Purpose purpose, std::u16string_view file,
     brand.LoadFromFile();
     for (const auto& [number, entry] : settings.Entries()) {
         if (image.Find(number) == nullptr) {
-            continue;  // an empty value for a field that this version does not have
+            continue;  // of the program file, or empty and unknown to this version
         }
         const BrandField& field = *FindBrandField(number);
         cuBranding& item = brand.Brandings().Item(number);
@@ -204,7 +240,10 @@ Problems CompareBranded(std::string_view before, std::string_view after, const S
                                 u"Der geschriebene Wert wird nicht so zurückgelesen."});
         }
     }
-    if (Unchangeable(before, old) != Unchangeable(after, old)) {
+    std::string expected(before);
+    Append(problems, PutProgramResources(expected, settings, name).problems);
+    ComparePrograms(after, settings, file, problems);
+    if (Unchangeable(expected, old) != Unchangeable(after, old)) {
         problems.push_back(
             {file, 0, {}, u"Außerhalb der Werte hat sich die Datei beim Schreiben geändert."});
     }

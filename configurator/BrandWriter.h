@@ -34,7 +34,7 @@ public:
     Problems CheckChange(std::u16string_view file, const Settings& changes);
 
     /// What the user should know of files that were written all the same: an owner or hard links
-    /// that could not be kept.
+    /// that could not be kept, images of the icon that have no place in the program.
     const Problems& Notes() const { return notes_; }
 
 private:
@@ -62,8 +62,8 @@ Settings ReadSettings(const LauncherImage& image, std::u16string_view name, cons
                       Problems& problems);
 
 /// Whether a file that was branded is what it should be: same length as before, the given values
-/// in the fields that are set, all other value areas as before, marked as branded, and no other
-/// byte changed. Returns what is not so.
+/// in the fields that are set, all other value areas as before, marked as branded, icon and version
+/// texts as PutProgramResources makes them, and no other byte changed. Returns what is not so.
 Problems CompareBranded(std::string_view before, std::string_view after, const Settings& settings,
                         std::u16string_view name, const TextCodec& codec);
 

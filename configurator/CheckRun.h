@@ -76,5 +76,6 @@ void CheckDatabase(CheckRun& run);
 void CheckWorkgroup(CheckRun& run);
 void CheckPicture(CheckRun& run);
 void CheckTexts(CheckRun& run);
+void CheckIcon(CheckRun& run);
 
 }  // namespace tarvex

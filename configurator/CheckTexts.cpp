@@ -1,4 +1,5 @@
 #include "configurator/CheckRun.h"
+#include "configurator/ProgramFields.h"
 #include "launch/Quoting.h"
 #include "text/Text.h"
 
@@ -86,6 +87,9 @@ void CheckTexts(CheckRun& run) {
     CheckNumber(run, kFieldHCID, u"es wird keine Hilfe angeboten.");
     CheckInnerQuotes(run);
     for (const auto& [number, entry] : run.All().Entries()) {
+        if (IsProgramField(number)) {
+            continue;  // Windows shows any text
+        }
         const bool isFlag = FindBrandField(number)->kind == FieldKind::Flag;
         if (isFlag && !entry.value.empty() && entry.value != u"1" && entry.value != u"0") {
             run.Report(u"not-a-switch", number,

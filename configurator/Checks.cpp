@@ -8,7 +8,7 @@
 namespace tarvex {
 
 std::u16string FieldName(std::int32_t number) {
-    return std::u16string(FindBrandField(number)->name);
+    return std::u16string(FindField(number)->name);
 }
 
 bool CheckRun::HasKeyList(const KeyListFields& list) const {
@@ -39,6 +39,7 @@ Findings CheckSettings(const Settings& settings, std::u16string_view place,
     CheckWorkgroup(run);
     CheckPicture(run);
     CheckTexts(run);
+    CheckIcon(run);
     return run.Take();
 }
 

@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <iterator>
 
+#include "configurator/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
 
-enum Section { Application, Access, Database, Workgroup, Options, Picture, Diagnosis };
+enum Section { Application, Access, Database, Workgroup, Options, Picture, Diagnosis, Program };
 
 /// The texts of a field, or of all fields of a key list.
 struct Row {
@@ -69,6 +70,19 @@ constexpr Row kRows[] = {
     Field(Diagnosis, kFieldLog, u"Schalter: Starts und Fehler in die Protokolldatei schreiben"),
     Field(Diagnosis, kFieldEditPwd,
           u"Kennwort für den Diagnosebericht (/D), im Klartext; leer: keines"),
+
+    Field(Program, kFieldIconFile,
+          u"Symboldatei (.ico) des Programms; relativ zur Einstellungsdatei möglich"),
+    Field(Program, kFieldFileDescription, u"Beschreibung; im Task-Manager der Name"),
+    Field(Program, kFieldCompanyName, u"Name des Herstellers"),
+    Field(Program, kFieldProductName, u"Name des Produkts"),
+    Field(Program, kFieldFileVersion, u"Version der Datei; beginnt mit Zahlen wie 1.2.3"),
+    Field(Program, kFieldProductVersion, u"Version des Produkts; beginnt mit Zahlen wie 1.2.3"),
+    Field(Program, kFieldLegalCopyright, u"Urheberrechtsvermerk"),
+    Field(Program, kFieldLegalTrademarks, u"Hinweis auf Marken"),
+    Field(Program, kFieldInternalName, u"interner Name"),
+    Field(Program, kFieldOriginalFilename, u"ursprünglicher Dateiname"),
+    Field(Program, kFieldComments, u"Bemerkungen"),
 };
 
 std::vector<FieldSection> MakeSections() {
@@ -90,6 +104,11 @@ std::vector<FieldSection> MakeSections() {
         {u"Optionen", u"Schalter werden als 1 (ein) oder 0 (aus) geschrieben.", {}},
         {u"Startbild", u"Bild, das vor dem Start von Access angezeigt wird.", {}},
         {u"Diagnose", u"Protokolldatei und Schutz des Diagnoseberichts.", {}},
+        {kProgramSection,
+         u"Symbol des Programms und die Texte, die Windows als seine Eigenschaften zeigt. Was "
+         u"fehlt,\n"
+         u"bleibt wie im unkonfigurierten Startprogramm; ein leerer Wert ist ein leerer Text.",
+         {}},
     };
     for (const Row& row : kRows) {
         for (std::int32_t i = 0; i < row.count; ++i) {

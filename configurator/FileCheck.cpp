@@ -21,6 +21,10 @@ Findings CheckFile(std::string_view bytes, std::u16string_view name, const TextC
     } else {
         findings = AsFindings(u"settings-file", std::move(loaded.problems));
         Append(findings, std::move(loaded.warnings));
+        if (folder.store != nullptr) {
+            Append(findings, AsFindings(u"icon-file", LoadIcon(*folder.store, folder.path, name,
+                                                               loaded.settings)));
+        }
     }
     if (!loaded.settings.Entries().empty()) {
         Append(findings, CheckSettings(loaded.settings, name, folder));

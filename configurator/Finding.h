@@ -91,6 +91,10 @@ inline constexpr auto kFindingKinds = std::to_array<FindingKind>({
     {u"picture-entry-without-file", Severity::Warning,
      u"Ein Eintrag zum Startbild nennt keine Datei."},
     {u"picture-too-large", Severity::Warning, u"Das Startbild ist größer als übliche Bildschirme."},
+
+    {u"icon-file", Severity::Error, u"Die Symboldatei fehlt oder ist unbrauchbar."},
+    {u"icon-size-missing", Severity::Warning, u"Dem Symbol fehlt eine der Größen 16, 32 und 48."},
+    {u"icon-left-out", Severity::Note, u"Ein Bild der Symboldatei kommt nicht ins Programm."},
 });
 
 /// The identifier of a kind that stands in the table; another one does not compile.

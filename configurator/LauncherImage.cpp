@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "configurator/PeHeader.h"
+#include "configurator/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -131,7 +132,7 @@ public:
             return std::move(image_);
         }
         for (const BrandField* field : FieldsByNumber()) {
-            if (!seen_.contains(field->number)) {
+            if (!IsProgramField(field->number) && !seen_.contains(field->number)) {
                 image_.missingMarks_.push_back(field);
             }
         }

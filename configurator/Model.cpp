@@ -6,6 +6,7 @@
 
 #include "branding/Scrambling.h"
 #include "branding/StoredValue.h"
+#include "configurator/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -129,10 +130,16 @@ void Settings::SetAll(const Settings& more) {
     for (const auto& [number, entry] : more.entries_) {
         entries_[number] = entry;
     }
+    if (more.Has(kFieldIconFile)) {
+        icon_ = more.icon_;
+    }
 }
 
 AcceptedValue AcceptValue(const BrandField& field, std::u16string_view entered,
                           const TextCodec& codec) {
+    if (IsProgramField(field.number)) {
+        return AcceptProgramValue(field, entered);
+    }
     const std::u16string_view value =
         field.kind == FieldKind::Credential ? entered : TrimBlanksAndTabs(entered);
     if (value.empty()) {
@@ -169,9 +176,10 @@ std::size_t NameDistance(std::u16string_view a, std::u16string_view b) {
 }
 
 std::u16string UnknownNameText(std::u16string_view name) {
-    const auto nearest = std::min_element(
-        kBrandFields.begin(), kBrandFields.end(), [name](const BrandField& a, const BrandField& b) {
-            return NameDistance(a.name, name) < NameDistance(b.name, name);
+    const std::vector<const BrandField*>& fields = FieldsByNumber();
+    const BrandField* nearest = *std::min_element(
+        fields.begin(), fields.end(), [name](const BrandField* a, const BrandField* b) {
+            return NameDistance(a->name, name) < NameDistance(b->name, name);
         });
     return u"Unbekannter Name '" + std::u16string(name) + u"'; gemeint ist vielleicht " +
            std::u16string(nearest->name) + u".";
@@ -180,8 +188,11 @@ std::u16string UnknownNameText(std::u16string_view name) {
 const std::vector<const BrandField*>& FieldsByNumber() {
     static const std::vector<const BrandField*> fields = [] {
         std::vector<const BrandField*> sorted;
-        sorted.reserve(kBrandFields.size());
+        sorted.reserve(kBrandFields.size() + kProgramFields.size());
         for (const BrandField& field : kBrandFields) {
+            sorted.push_back(&field);
+        }
+        for (const BrandField& field : kProgramFields) {
             sorted.push_back(&field);
         }
         std::sort(sorted.begin(), sorted.end(),
@@ -189,6 +200,19 @@ const std::vector<const BrandField*>& FieldsByNumber() {
         return sorted;
     }();
     return fields;
+}
+
+const BrandField* FindField(std::int32_t number) {
+    return IsProgramField(number)
+               ? &kProgramFields.at(static_cast<std::size_t>(number - kFieldIconFile))
+               : FindBrandField(number);
+}
+
+const BrandField* FindFieldByName(std::u16string_view name) {
+    const auto found = std::find_if(
+        kProgramFields.begin(), kProgramFields.end(),
+        [name](const BrandField& field) { return text::EqualsIgnoreCase(field.name, name); });
+    return found != kProgramFields.end() ? &*found : FindBrandFieldByName(name);
 }
 
 std::int32_t UsableWidth(const BrandField& field, const TextCodec& codec) {

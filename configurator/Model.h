@@ -48,7 +48,7 @@ public:
 
     void Set(std::int32_t number, std::u16string_view value, std::int32_t line = 0);
 
-    /// Sets all that is set in `more`, over what is set here.
+    /// Sets all that is set in `more`, over what is set here, the icon with its field.
     void SetAll(const Settings& more);
 
     /// The fields that were set, under their numbers.
@@ -73,7 +73,8 @@ struct AcceptedValue {
 };
 
 /// Checks a value for its field: flags ("1", "0", "ja", "nein", "true", "false"), characters of the
-/// code page, length of the stored form. What the value means is not checked.
+/// code page, length of the stored form. What the value means is not checked. A text of the program
+/// file is one line of any characters; an empty one is a value too.
 AcceptedValue AcceptValue(const BrandField& field, std::u16string_view entered,
                           const TextCodec& codec);
 
@@ -83,8 +84,14 @@ std::size_t NameDistance(std::u16string_view a, std::u16string_view b);
 /// "Unbekannter Name 'DBPaht'; gemeint ist vielleicht DBPath."
 std::u16string UnknownNameText(std::u16string_view name);
 
-/// The fields sorted by their numbers.
+/// All fields that settings can have, those of the program file included, sorted by their numbers.
 const std::vector<const BrandField*>& FieldsByNumber();
+
+/// Such a field, whether it has a mark or belongs to the program file; null when there is none.
+const BrandField* FindField(std::int32_t number);
+
+/// As FindField, with case ignored.
+const BrandField* FindFieldByName(std::u16string_view name);
 
 /// Characters that a field holds whatever printable ASCII characters they are. For a credential,
 /// which is stored as a list of numbers, this is less than its width.

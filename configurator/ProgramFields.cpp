@@ -1,6 +1,6 @@
 #include "configurator/ProgramFields.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "branding/BrandMark.h"
 #include "configurator/VersionBlock.h"
@@ -31,7 +31,7 @@ bool HasUnusable(std::u16string_view value) {
     return false;
 }
 
-std::u16string TextProblem(const ProgramField& field, std::u16string_view value) {
+std::u16string TextProblem(const BrandField& field, std::u16string_view value) {
     if (HasUnusable(value)) {
         return u"Der Text muss in einer Zeile stehen und darf keine Steuerzeichen enthalten.";
     }
@@ -53,21 +53,7 @@ std::u16string TextProblem(const ProgramField& field, std::u16string_view value)
 
 }  // namespace
 
-const ProgramField* FindProgramField(std::int32_t number) {
-    const auto found =
-        std::find_if(kProgramFields.begin(), kProgramFields.end(),
-                     [number](const ProgramField& field) { return field.number == number; });
-    return found != kProgramFields.end() ? &*found : nullptr;
-}
-
-const ProgramField* FindProgramFieldByName(std::u16string_view name) {
-    const auto found = std::find_if(
-        kProgramFields.begin(), kProgramFields.end(),
-        [name](const ProgramField& field) { return text::EqualsIgnoreCase(field.name, name); });
-    return found != kProgramFields.end() ? &*found : nullptr;
-}
-
-AcceptedValue AcceptProgramValue(const ProgramField& field, std::u16string_view entered) {
+AcceptedValue AcceptProgramValue(const BrandField& field, std::u16string_view entered) {
     const std::u16string_view value = text::Trim(entered);
     if (std::u16string problem = TextProblem(field, value); !problem.empty()) {
         return {{}, std::move(problem)};

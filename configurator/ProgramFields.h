@@ -4,18 +4,14 @@
 #include <cstdint>
 #include <string_view>
 
+#include "branding/BrandFields.h"
 #include "configurator/Model.h"
 
 namespace tarvex {
 
-/// A setting of the program file itself: its icon, and what Windows shows as its properties. It has
-/// no mark; its number, by which Settings keep it, is none that a mark can have.
-struct ProgramField {
-    std::int32_t number;
-    std::u16string_view name;     ///< of a text: as the version resource calls it too
-    std::u16string_view meaning;  ///< German, one line
-    std::int32_t width;           ///< most characters
-};
+// Settings of the program file itself: its icon, and the texts that Windows shows as its
+// properties. They have no marks; the numbers by which Settings keep them are none that a mark can
+// have. A text has the name that the version resource gives it.
 
 inline constexpr std::int32_t kFieldIconFile = 1001;
 inline constexpr std::int32_t kFieldFileDescription = 1002;
@@ -33,28 +29,26 @@ inline constexpr std::int32_t kFieldComments = 1011;
 inline constexpr std::u16string_view kProgramSection = u"Programmdatei";
 
 /// All of them, with consecutive numbers. The first is the icon, the others are texts.
-inline constexpr std::array<ProgramField, 11> kProgramFields = {{
-    {kFieldIconFile, u"IconFile",
-     u"Symboldatei (.ico) des Programms; relativ zur Einstellungsdatei möglich", 260},
-    {kFieldFileDescription, u"FileDescription", u"Beschreibung des Programms", 500},
-    {kFieldCompanyName, u"CompanyName", u"Name des Herstellers", 500},
-    {kFieldProductName, u"ProductName", u"Name des Produkts", 500},
-    {kFieldFileVersion, u"FileVersion", u"Version der Datei; beginnt mit Zahlen wie 1.2.3", 500},
-    {kFieldProductVersion, u"ProductVersion", u"Version des Produkts; beginnt mit Zahlen wie 1.2.3",
-     500},
-    {kFieldLegalCopyright, u"LegalCopyright", u"Urheberrechtsvermerk", 500},
-    {kFieldLegalTrademarks, u"LegalTrademarks", u"Hinweis auf Marken", 500},
-    {kFieldInternalName, u"InternalName", u"interner Name", 500},
-    {kFieldOriginalFilename, u"OriginalFilename", u"ursprünglicher Dateiname", 500},
-    {kFieldComments, u"Comments", u"Bemerkungen", 500},
+inline constexpr std::array<BrandField, 11> kProgramFields = {{
+    {kFieldIconFile, 260, u"IconFile", FieldKind::Path},
+    {kFieldFileDescription, 500, u"FileDescription", FieldKind::Text},
+    {kFieldCompanyName, 500, u"CompanyName", FieldKind::Text},
+    {kFieldProductName, 500, u"ProductName", FieldKind::Text},
+    {kFieldFileVersion, 500, u"FileVersion", FieldKind::Text},
+    {kFieldProductVersion, 500, u"ProductVersion", FieldKind::Text},
+    {kFieldLegalCopyright, 500, u"LegalCopyright", FieldKind::Text},
+    {kFieldLegalTrademarks, 500, u"LegalTrademarks", FieldKind::Text},
+    {kFieldInternalName, 500, u"InternalName", FieldKind::Text},
+    {kFieldOriginalFilename, 500, u"OriginalFilename", FieldKind::Text},
+    {kFieldComments, 500, u"Comments", FieldKind::Text},
 }};
 
-/// Null when there is none.
-const ProgramField* FindProgramField(std::int32_t number);
-const ProgramField* FindProgramFieldByName(std::u16string_view name);
+constexpr bool IsProgramField(std::int32_t number) {
+    return number >= kFieldIconFile && number <= kFieldComments;
+}
 
 /// As AcceptValue, for such a field. A text is one line of any characters; an empty one is a value
 /// too. Whether all texts together have room shows when they are put into the program.
-AcceptedValue AcceptProgramValue(const ProgramField& field, std::u16string_view entered);
+AcceptedValue AcceptProgramValue(const BrandField& field, std::u16string_view entered);
 
 }  // namespace tarvex

@@ -103,15 +103,15 @@ public:
         IconImages images = resources.Images();
         std::uint32_t vendors = room.vendors;
         bool isAnySet = false;
-        for (const ProgramField& field : kProgramFields) {
-            if (!settings_.Has(field.number)) {
+        for (const BrandField& field : kProgramFields) {
+            if (!settings_.Has(field.number) || IsTemplatesIcon(field, resources)) {
                 continue;
             }
             isAnySet = true;
             if (!resources.Problem().empty()) {
                 Refuse(field, resources.Problem());
             } else if (field.number == kFieldIconFile) {
-                images = ChosenImages(field, room);
+                images = ChosenImages(field);
             } else {
                 PutText(field, version);
             }
@@ -124,7 +124,20 @@ public:
     }
 
 private:
-    void PutText(const ProgramField& field, VersionBlock& version) {
+    /// No icon for a program that has still the template's. Another one cannot get that back.
+    bool IsTemplatesIcon(const BrandField& field, const ProgramResources& resources) {
+        if (field.number != kFieldIconFile || !settings_.Value(field.number).empty()) {
+            return false;
+        }
+        if (resources.IsVendors(field.number)) {
+            Refuse(field,
+                   u"Das Symbol der Vorlage ist nicht mehr im Programm und kann nicht "
+                   u"wieder eingesetzt werden; nennen Sie eine Symboldatei.");
+        }
+        return true;
+    }
+
+    void PutText(const BrandField& field, VersionBlock& version) {
         const AcceptedValue accepted = AcceptProgramValue(field, settings_.Value(field.number));
         if (!accepted.problem.empty()) {
             Refuse(field, accepted.problem);
@@ -154,35 +167,24 @@ private:
         PutNumber(bytes_, room.vendorsPlace, vendors, 4);
     }
 
-    IconImages ChosenImages(const ProgramField& field, const ProgramRoom& room) {
-        if (settings_.Value(field.number).empty()) {
-            Refuse(field,
-                   u"Das Symbol der Vorlage ist nicht mehr im Programm und kann nicht "
-                   u"wieder eingesetzt werden; nennen Sie eine Symboldatei.");
-            return {};
-        }
-        ReadIcon icon = ReadIconFile(settings_.Icon());
+    IconImages ChosenImages(const BrandField& field) {
+        ReadIcon icon = ReadIconForProgram(settings_.Icon());
         if (!icon.problem.empty()) {
             Refuse(field, icon.problem);
             return {};
         }
         result_.leftOut = std::move(icon.leftOut);
-        IconImages images =
-            ChooseImages(icon.images, room.pool.size, ProgramRoom::kImages, result_.leftOut);
-        if (images.empty()) {
-            Refuse(field, u"Kein Bild der Symboldatei hat im Programm Platz.");
-        }
-        for (const IconImage& image : images) {
+        for (const IconImage& image : icon.images) {
             if (HoldsMark(image.bytes)) {
                 Refuse(field,
                        u"Ein Bild der Symboldatei enthält Bytes, an denen die Einstellungen "
                        u"im Programm erkannt werden.");
             }
         }
-        return images;
+        return std::move(icon.images);
     }
 
-    void Refuse(const ProgramField& field, std::u16string_view text) {
+    void Refuse(const BrandField& field, std::u16string_view text) {
         result_.problems.push_back({name_, 0, std::u16string(field.name), std::u16string(text)});
     }
 
@@ -193,6 +195,18 @@ private:
 };
 
 }  // namespace
+
+ReadIcon ReadIconForProgram(std::string_view bytes) {
+    ReadIcon icon = ReadIconFile(bytes);
+    if (icon.problem.empty()) {
+        icon.images =
+            ChooseImages(icon.images, ProgramRoom::kPoolSize, ProgramRoom::kImages, icon.leftOut);
+        if (icon.images.empty()) {
+            icon.problem = u"Kein Bild der Symboldatei hat im Programm Platz.";
+        }
+    }
+    return icon;
+}
 
 ProgramResources ProgramResources::Read(std::string_view bytes) {
     ProgramResources resources;
@@ -239,7 +253,7 @@ PutResult PutProgramResources(std::string& bytes, const Settings& settings,
 }
 
 void AddProgramSettings(const ProgramResources& resources, Settings& settings) {
-    for (const ProgramField& field : kProgramFields) {
+    for (const BrandField& field : kProgramFields) {
         if (!resources.IsVendors(field.number)) {
             continue;
         }

@@ -41,6 +41,9 @@ private:
     IconImages images_;
 };
 
+/// As ReadIconFile, but only the images that have room in a program; the others are left out.
+ReadIcon ReadIconForProgram(std::string_view bytes);
+
 /// What became of fields that were to be put into a program.
 struct PutResult {
     Problems problems;  ///< why nothing was changed; empty when it was

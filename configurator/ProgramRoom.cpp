@@ -100,9 +100,10 @@ ProgramRoom ProgramRoom::Read(std::string_view bytes) {
     room.pool = RangeAt(table, kRangesInTable);
     room.list = RangeAt(table, kRangesInTable + 8);
     room.version = RangeAt(table, kRangesInTable + 16);
-    const bool whole =
-        table.size() == kTableSize && NumberAt(table, kTableName.size(), 4) == kTableSize &&
-        NumberAt(table, kRangesInTable + 24, 4) == kImages && (room.vendors & ~kAllVendors) == 0;
+    const bool whole = table.size() == kTableSize &&
+                       NumberAt(table, kTableName.size(), 4) == kTableSize &&
+                       NumberAt(table, kRangesInTable + 24, 4) == kImages &&
+                       room.pool.size == kPoolSize && (room.vendors & ~kAllVendors) == 0;
     if (!whole || !FindResources(resources, room) || !IsAlone(resources, room)) {
         room.problem = kMoved;
     }

@@ -16,6 +16,9 @@ struct ProgramRoom {
     /// As many images as a program can have.
     static constexpr std::size_t kImages = 12;
 
+    /// Bytes of the pool of every launcher.
+    static constexpr std::size_t kPoolSize = 32768;
+
     /// Bit of `vendors` for the icon; the texts have the bits after it.
     static constexpr std::uint32_t kIconBit = 1;
 

@@ -14,7 +14,8 @@ struct Difference {
     std::u16string after;
 };
 
-/// The fields whose values differ, by their numbers; a field that is not set counts as empty.
+/// The fields whose values differ, by their numbers; a field that is not set counts as empty. Icons
+/// are compared as a program has them, wherever they come from.
 std::vector<Difference> CompareSettings(const Settings& before, const Settings& after);
 
 }  // namespace tarvex

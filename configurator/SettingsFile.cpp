@@ -8,6 +8,7 @@
 
 #include "branding/BrandMark.h"
 #include "configurator/FieldTexts.h"
+#include "configurator/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -33,7 +34,7 @@ const BrandField* FieldOfLine(std::u16string_view line) {
     const std::size_t equals = line.find(u'=');
     return equals == std::u16string_view::npos
                ? nullptr
-               : FindBrandFieldByName(TrimBlanksAndTabs(line.substr(0, equals)));
+               : FindFieldByName(TrimBlanksAndTabs(line.substr(0, equals)));
 }
 
 bool HoldsLines(const BrandField& field) {
@@ -265,13 +266,15 @@ void WriteContinuation(std::u16string& out, std::u16string_view line) {
     out.append(text::kLineBreak).append(needsBar ? u" |" : u" ").append(line);
 }
 
-void WriteField(std::u16string& out, const BrandField& field, std::u16string_view value) {
+void WriteField(std::u16string& out, const BrandField& field, const Settings& settings) {
+    const std::u16string_view value = settings.Value(field.number);
     // Empty entries of the long key lists would only be in the way.
     if (value.empty() && field.kind == FieldKind::KeyList && !field.name.ends_with(u"01")) {
         return;
     }
     WriteComment(out, FieldMeaning(field));
-    if (value.empty()) {
+    // Of the program's texts an empty one is another than none.
+    if (value.empty() && !(IsProgramField(field.number) && settings.Has(field.number))) {
         out += u';';
     }
     out += field.name;
@@ -306,7 +309,7 @@ std::string WriteSettings(const Settings& settings, std::u16string_view title) {
         out += text::kLineBreak;
         WriteComment(out, section.comment);
         for (const std::int32_t number : section.fields) {
-            WriteField(out, *FindBrandField(number), settings.Value(number));
+            WriteField(out, *FindField(number), settings);
         }
     }
     return text::ToUtf8(out);

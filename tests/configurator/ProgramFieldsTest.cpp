@@ -8,27 +8,28 @@ namespace tarvex {
 namespace {
 
 std::u16string ProblemOf(std::int32_t number, std::u16string_view value) {
-    return AcceptProgramValue(*FindProgramField(number), value).problem;
+    return AcceptProgramValue(*FindField(number), value).problem;
 }
 
 TEST(ProgramFieldsTest, NumbersAreConsecutiveAndNoneThatAMarkCanHave) {
     std::int32_t number = 1001;
-    for (const ProgramField& field : kProgramFields) {
+    for (const BrandField& field : kProgramFields) {
         EXPECT_EQ(field.number, number++);
-        EXPECT_EQ(FindProgramField(field.number), &field);
-        EXPECT_EQ(FindProgramFieldByName(field.name), &field);
+        EXPECT_EQ(FindField(field.number), &field);
+        EXPECT_EQ(FindFieldByName(field.name), &field);
+        EXPECT_TRUE(IsProgramField(field.number));
         EXPECT_EQ(FindBrandField(field.number), nullptr);
         EXPECT_EQ(FindBrandFieldByName(field.name), nullptr);
     }
-    EXPECT_EQ(FindProgramField(1000), nullptr);
-    EXPECT_EQ(FindProgramField(1012), nullptr);
-    EXPECT_EQ(FindProgramFieldByName(u"companyname")->number, kFieldCompanyName);
-    EXPECT_EQ(FindProgramFieldByName(u"Company"), nullptr);
+    EXPECT_EQ(FindField(1000), nullptr);
+    EXPECT_EQ(FindField(1012), nullptr);
+    EXPECT_EQ(FindFieldByName(u"companyname")->number, kFieldCompanyName);
+    EXPECT_EQ(FindFieldByName(u"Company"), nullptr);
 }
 
 TEST(ProgramFieldsTest, TextsMayHoldAnyCharactersOfALine) {
     const AcceptedValue accepted =
-        AcceptProgramValue(*FindProgramField(kFieldCompanyName), u"  Žižkov 日本 🙂 ©  ");
+        AcceptProgramValue(*FindField(kFieldCompanyName), u"  Žižkov 日本 🙂 ©  ");
     EXPECT_EQ(accepted.problem, u"");
     EXPECT_EQ(accepted.value, u"Žižkov 日本 🙂 ©");
     EXPECT_EQ(ProblemOf(kFieldFileDescription, u""), u"");

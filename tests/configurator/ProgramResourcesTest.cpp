@@ -66,7 +66,7 @@ TEST(ProgramResourcesTest, TemplateHasIconAndTextsThatAreNotTheVendors) {
     EXPECT_EQ(resources.Version().Text(u"CompanyName"), u"Vorlage CompanyName");
     EXPECT_EQ(resources.Images(),
               IconImages({{16, 16, BitmapImage(16, 16)}, {32, 32, BitmapImage(32, 32)}}));
-    for (const ProgramField& field : kProgramFields) {
+    for (const BrandField& field : kProgramFields) {
         EXPECT_FALSE(resources.IsVendors(field.number));
     }
     Settings settings;
@@ -107,7 +107,7 @@ TEST(ProgramResourcesTest, TextsThatAreSetAreReplacedAndBecomeTheVendors) {
 
 TEST(ProgramResourcesTest, EveryTextHasItsPlace) {
     Settings settings;
-    for (const ProgramField& field : kProgramFields) {
+    for (const BrandField& field : kProgramFields) {
         if (field.number != kFieldIconFile) {
             settings.Set(field.number, u"9 " + std::u16string(field.name));
         }
@@ -184,7 +184,7 @@ TEST(ProgramResourcesTest, FullRoomIsUsedToItsLastByte) {
     const ProgramRoom room = ProgramRoom::Read(before);
     // What remains for this text when all others have one character.
     Settings settings;
-    for (const ProgramField& field : kProgramFields) {
+    for (const BrandField& field : kProgramFields) {
         if (field.number != kFieldIconFile) {
             settings.Set(field.number, u"1");
         }
@@ -224,7 +224,7 @@ TEST(ProgramResourcesTest, OnlyTheNamedRangesChange) {
     const std::string before = Launcher();
     const ProgramResources resources = ProgramResources::Read(before);
     Settings settings = With({{kFieldIconFile, u"a.ico"}}, Small());
-    for (const ProgramField& field : kProgramFields) {
+    for (const BrandField& field : kProgramFields) {
         if (field.number != kFieldIconFile) {
             settings.Set(field.number, u"99 Neu");
         }
@@ -272,7 +272,9 @@ TEST(ProgramResourcesTest, UnusableIconIsRefusedWithItsReason) {
 }
 
 TEST(ProgramResourcesTest, IconOfTheTemplateCannotComeBack) {
-    EXPECT_EQ(Refused(Launcher(), With({{kFieldIconFile, u""}})),
+    const Settings none = With({{kFieldIconFile, u""}});
+    EXPECT_EQ(Put(Launcher(), none), Launcher());
+    EXPECT_EQ(Refused(Put(Launcher(), With({{kFieldIconFile, u"a.ico"}}, Small())), none),
               Texts({u"T.exe, IconFile: Das Symbol der Vorlage ist nicht mehr im Programm und kann "
                      u"nicht wieder eingesetzt werden; nennen Sie eine Symboldatei."}));
 }
