@@ -5,6 +5,7 @@
 #include "commands/ShownSettings.h"
 #include "commands/Verbs.h"
 #include "configurator/BrandWriter.h"
+#include "configurator/CarriedSettings.h"
 #include "configurator/Checks.h"
 #include "configurator/SettingsFile.h"
 
@@ -16,6 +17,10 @@ OutputRules RulesFor(const CommandLine& line) {
     rules.force = line.Has(Option::Force);
     if (line.Has(Option::Settings)) {
         rules.inputs.emplace_back(line.Value(Option::Settings));
+    }
+    if (line.Has(Option::From)) {
+        rules.inputs.emplace_back(line.Value(Option::From));
+        rules.mayReplace = line.Value(Option::From);
     }
     return rules;
 }
@@ -38,11 +43,26 @@ void ReadSettingsFile(CommandContext& context, const std::u16string& file, Colle
     }
 }
 
+void ReadOldLauncher(CommandContext& context, const CommandLine& line, Collected& collected) {
+    const std::u16string file(line.Value(Option::From));
+    const std::optional<std::string> old = context.Read(file, collected.problems);
+    const std::optional<std::string> target = context.Read(line.arguments[0], collected.problems);
+    if (old && target) {
+        CarriedSettings carried = CarrySettings(*old, file, *target, line.arguments[0],
+                                                line.Values(Option::Drop), context.Codec());
+        Append(collected.problems, std::move(carried.problems));
+        collected.settings.SetAll(carried.settings);
+    }
+}
+
 Collected Collect(CommandContext& context, const CommandLine& line, const OutputRules& rules) {
     const std::u16string& output = line.arguments[1];
     Collected collected;
     collected.problems = CheckOutput(context.Store(), output, rules);
     std::u16string place = output;
+    if (line.Has(Option::From)) {
+        ReadOldLauncher(context, line, collected);
+    }
     if (line.Has(Option::Settings)) {
         place = line.Value(Option::Settings);
         ReadSettingsFile(context, place, collected);

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "configurator/LauncherImage.h"
+#include "configurator/ProgramFields.h"
+#include "configurator/ProgramResources.h"
 #include "configurator/SettingsSource.h"
 #include "text/Text.h"
 
@@ -27,33 +29,43 @@ public:
         if (!result_.problems.empty()) {
             return std::move(result_);
         }
-        const LauncherImage image = LauncherImage::Read(target, targetName);
-        TakeSettings(loaded.settings, image, codec);
+        TakeSettings(loaded.settings, codec);
+        HoldAgainst(LauncherImage::Read(target, targetName), ProgramResources::Read(target));
         LookAtUnknown(LauncherImage::Read(old, oldName_));
         CheckDropped();
         return std::move(result_);
     }
 
 private:
-    void TakeSettings(const Settings& settings, const LauncherImage& target,
-                      const TextCodec& codec) {
-        Settings kept;
+    void TakeSettings(const Settings& settings, const TextCodec& codec) {
         for (const auto& [number, entry] : settings.Entries()) {
-            const BrandField& field = *FindBrandField(number);
-            if (IsDropped(field.name) || entry.value.empty()) {
+            const BrandField& field = *FindField(number);
+            // An empty text of the program file is the vendor's too.
+            if (IsDropped(field.name) || (entry.value.empty() && !IsProgramField(number))) {
                 continue;
             }
             const AcceptedValue accepted = AcceptValue(field, entry.value, codec);
-            if (!accepted.problem.empty()) {
+            if (accepted.problem.empty()) {
+                result_.settings.Set(number, accepted.value);
+            } else {
                 Report(field.name, accepted.problem + Hint(field.name));
-                continue;
             }
-            kept.Set(number, accepted.value);
         }
-        for (const Problem& problem : target.ProblemsOfSetting(kept)) {
+        if (result_.settings.Has(kFieldIconFile)) {
+            result_.settings.SetIcon(settings.Icon());
+        }
+    }
+
+    /// What the template has no mark or no room for.
+    void HoldAgainst(const LauncherImage& target, const ProgramResources& resources) {
+        for (const Problem& problem : target.ProblemsOfSetting(result_.settings)) {
             Report(problem.field, u"Die Vorlage hat dieses Feld nicht." + Hint(problem.field));
         }
-        result_.settings = std::move(kept);
+        for (const BrandField& field : kProgramFields) {
+            if (result_.settings.Has(field.number) && !resources.Problem().empty()) {
+                Report(field.name, resources.Problem() + Hint(field.name));
+            }
+        }
     }
 
     /// Settings of a version that this program does not know: it can neither read nor write them.
@@ -68,7 +80,7 @@ private:
 
     void CheckDropped() {
         for (std::size_t i = 0; i < drop_.size(); ++i) {
-            if (!dropped_[i] && FindBrandFieldByName(drop_[i]) == nullptr) {
+            if (!dropped_[i] && FindFieldByName(drop_[i]) == nullptr) {
                 result_.problems.push_back({u"--drop", 0, drop_[i], UnknownNameText(drop_[i])});
             }
         }

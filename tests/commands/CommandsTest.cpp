@@ -429,6 +429,52 @@ TEST_F(CommandsTest, CodePageOfTheUsersIsAskedFor) {
               u"1258.\n");
 }
 
+TEST_F(CommandsTest, BrandCarriesTheSettingsOfAnOldLauncher) {
+    EXPECT_EQ(world_.Brand(u"AccPath = .\nAppName = alt\nUser = Meier\nPwd = geheim\n"
+                           u"DBFilename = a.mdb\n"),
+              0);
+    world_.files.AddFile(u"N.ini", "AppName = aus der Datei\nCmd = aus der Datei\n");
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"N.exe", u"--from", u"K.exe", u"--settings",
+                          u"N.ini", u"--set", u"Cmd=zuletzt", u"--drop", u"dbfilename"}),
+              0)
+        << text::ToUtf8(console_.err);
+    EXPECT_EQ(world_.Run({u"show", u"N.exe", u"--reveal"}), 0);
+    EXPECT_EQ(console_.out,
+              u"AppName = aus der Datei\nAccPath = .\nUser = Meier\nPwd = geheim\nCmd = zuletzt\n");
+}
+
+TEST_F(CommandsTest, OldLauncherIsRenewedInItsPlaceWithForceOnly) {
+    EXPECT_EQ(world_.Brand(u"AccPath = .\nAppName = alt\nDBFilename = a.mdb\n"), 0);
+    const std::string old = world_.files.Bytes(u"K.exe");
+    SyntheticLauncher newer;
+    newer.marks.push_back({50, 20, u"Neu", u"", 0});
+    world_.files.AddFile(u"T.exe", newer.Build());
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"K.exe", u"--from", u"K.exe"}), 1);
+    EXPECT_EQ(world_.files.Bytes(u"K.exe"), old);
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"K.exe", u"--from", u"K.exe", u"--force"}), 0)
+        << text::ToUtf8(console_.err);
+    EXPECT_NE(world_.files.Bytes(u"K.exe"), old);
+    EXPECT_EQ(world_.Run({u"show", u"K.exe"}), 0);
+    EXPECT_EQ(console_.out, u"AppName = alt\nAccPath = .\nDBFilename = a.mdb\n");
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"T.exe", u"--from", u"K.exe", u"--force"}), 1);
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: T.exe: Die Ausgabe wäre dieselbe Datei wie die Eingabe 'T.exe'.\n");
+}
+
+TEST_F(CommandsTest, WhatCannotBeCarriedStopsTheRun) {
+    SyntheticLauncher newer;
+    newer.marks.push_back({50, 20, u"Neu", u"etwas", 0});
+    newer.marker = u"@#BRANDED1#@";
+    world_.files.AddFile(u"A.exe", newer.Build());
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"N.exe", u"--from", u"A.exe"}), 1);
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: A.exe, Neu: Diese Version von tarvexcf kennt das Feld nicht. --drop Neu "
+              u"lässt es weg.\n");
+    EXPECT_FALSE(world_.files.FileExists(u"N.exe"));
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"N.exe", u"--from", u"A.exe", u"--drop", u"Neu"}),
+              0);
+}
+
 TEST_F(CommandsTest, FileMayHaveTheNameOfACommand) {
     world_.files.AddFile(u"show", SyntheticLauncher().Build());
     EXPECT_EQ(world_.Run({u"set", u"show", u"Cmd=/x"}), 0) << text::ToUtf8(console_.err);
