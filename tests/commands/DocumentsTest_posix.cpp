@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "commands/CommandHelp.h"
+#include "configurator/Finding.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -42,6 +43,17 @@ TEST(DocumentsTest, HandbookNamesEveryCommandThatVendorsUse) {
     for (const CommandInfo& info : CommandTable()) {
         const std::u16string name = u"`tarvexcf " + std::u16string(info.name);
         EXPECT_NE(handbook.find(name), std::u16string::npos) << text::ToUtf8(name);
+    }
+}
+
+TEST(DocumentsTest, HandbookListsEveryFinding) {
+    const std::u16string handbook = Document("handbuch.md");
+    for (const FindingKind& kind : kFindingKinds) {
+        const std::u16string row = u"\n| `" + std::u16string(kind.id) + u"` | " +
+                                   std::u16string(SeverityName(kind.severity)) + u" | " +
+                                   text::Replace(kind.meaning, u"|", u"\\|") + u" |\n";
+        EXPECT_NE(handbook.find(row), std::u16string::npos)
+            << "docs/handbuch.md should hold:" << text::ToUtf8(row);
     }
 }
 
