@@ -260,13 +260,16 @@ std::unique_ptr<FileLock> PosixFileStore::Lock(std::u16string_view path,
         StatusToReplace(name);
         // Opened for writing although nothing is written: a program that runs is found by that.
         PosixFile file(name, O_RDWR);
-        if (TryLock(file) && IsStillAt(file, name)) {
+        while (!TryLock(file)) {
+            if (std::chrono::steady_clock::now() >= end) {
+                throw FileFailure{FileProblem::Locked};
+            }
+            std::this_thread::sleep_for(kPause);
+        }
+        // The one who had the lock has replaced the file as a rule.
+        if (IsStillAt(file, name)) {
             return std::make_unique<PosixFileLock>(std::move(file));
         }
-        if (std::chrono::steady_clock::now() >= end) {
-            throw FileFailure{FileProblem::Locked};
-        }
-        std::this_thread::sleep_for(kPause);
     }
 }
 

@@ -324,7 +324,7 @@ TEST(PosixFileStoreTest, FolderWhoseNameIsNotUtf8TakesNewFiles) {
 }
 
 TEST(PosixFileStoreTest, NamesInUtf8StayWhatTheyAre) {
-    for (const std::u16string_view name : {u"a", u"Größe Ω", u"\xD83D\xDE00", u"\xFFFD"}) {
+    for (const std::u16string_view name : {u"a", u"Größe Ω", u"\xD83D\xDCA9", u"\xFFFD"}) {
         EXPECT_EQ(PosixText(text::ToUtf8(name)), name);
         EXPECT_EQ(PosixPath(name), text::ToUtf8(name));
     }
