@@ -91,10 +91,8 @@ private:
 
     static const std::vector<Section>& Sections() {
         using Reader = PcFileReader;
-        constexpr auto Once = Times::Once;
-        constexpr auto Often = Times::Often;
-        constexpr auto Path = Kind::Path;
-        constexpr auto Other = Kind::Other;
+        using enum Times;
+        using enum Kind;
         static const std::vector<Section> sections = {
             {u"PC",
              {{u"Startprogramm", Once, Path, &Reader::SetProgram},
@@ -149,10 +147,11 @@ private:
     }
 
     void ReadLine(std::u16string_view line) {
+        if (TrimBlanksAndTabs(line).empty() || line[0] == u';' || line[0] == u'#') {
+            return;
+        }
         if (line.find(u'\0') != std::u16string_view::npos) {
             Report(u"Die Zeile enthält das Zeichen mit dem Code 0.");
-        } else if (TrimBlanksAndTabs(line).empty() || line[0] == u';' || line[0] == u'#') {
-            return;
         } else if (line[0] == u' ' || line[0] == u'\t') {
             Report(u"Die Zeile ist eingerückt; hier hat kein Wert mehr als eine Zeile.");
         } else if (line[0] == u'[') {

@@ -54,25 +54,32 @@ std::u16string Join(const Divided& divided) {
     return divided.parts.empty() && IsDrive(result) ? result + u"\\" : result;
 }
 
-/// Blanks and dots at the end of the last name are lost, of other names a single dot.
+/// Without the parts that name no folder of their own. A single dot at the end of a name is lost;
+/// at the end of a path that does not end in a separator, all blanks and dots are.
 Parts Cleaned(const Parts& parts) {
     Parts cleaned;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        std::u16string_view part = parts[i];
+    for (std::u16string_view part : parts) {
+        if (part == u".") {
+            continue;
+        }
         if (part == u"..") {
             if (!cleaned.empty()) {
                 cleaned.pop_back();
             }
             continue;
         }
-        if (i + 1 == parts.size()) {
-            const std::size_t last = part.find_last_not_of(u" .");
-            part = part.substr(0, last == std::u16string_view::npos ? 0 : last + 1);
-        } else if (part.ends_with(u'.') && !part.ends_with(u"..")) {
+        if (part.ends_with(u'.') && part.find_first_not_of(u'.') != std::u16string_view::npos) {
             part.remove_suffix(1);
         }
         if (!part.empty()) {
             cleaned.push_back(part);
+        }
+    }
+    if (!cleaned.empty() && !parts.back().empty()) {
+        std::u16string_view& last = cleaned.back();
+        last = last.substr(0, last.find_last_not_of(u" .") + 1);
+        if (last.empty()) {
+            cleaned.pop_back();
         }
     }
     return cleaned;

@@ -44,8 +44,9 @@ TEST(WindowsPathsTest, DotsAndBlanksAtTheEndAreLost) {
     ExpectFull({{u"C:\\x\\y.mdb. . ", u"C:\\x\\y.mdb"},
                 {u"C:\\x.\\y.mdb", u"C:\\x\\y.mdb"},
                 {u"C:\\x \\y.mdb", u"C:\\x \\y.mdb"},
-                {u"C:\\x..\\y.mdb", u"C:\\x..\\y.mdb"},
+                {u"C:\\x..\\y.mdb", u"C:\\x.\\y.mdb"},
                 {u"C:\\...\\y.mdb", u"C:\\...\\y.mdb"},
+                {u"C:\\x. \\.", u"C:\\x"},
                 {u" x.mdb", u"C:\\Kunden\\Ab\\ x.mdb"}});
 }
 
