@@ -11,13 +11,18 @@ namespace {
 constexpr std::uint32_t kScreenWidth = 1920;
 constexpr std::uint32_t kScreenHeight = 1080;
 
-/// The picture file as this system names it; Windows takes "/" as well.
+/// The picture file as this system names it; Windows takes "/" as well. The folder may be a
+/// relative one: what lies above it is the system's to find.
 std::u16string PicturePath(const CheckRun& run) {
     const std::u16string folder = text::Replace(run.Folder().path, u"/", u"\\");
     const std::u16string_view given = run.Value(kFieldPicPath);
-    return text::Replace(
-        JoinPath(given.empty() ? folder : RelToAbs(given, folder), run.Value(kFieldPicFilename)),
-        u"\\", u"/");
+    std::u16string path = folder;
+    if (given.starts_with(u"..\\")) {
+        path = JoinPath(folder, given);
+    } else if (!given.empty()) {
+        path = RelToAbs(given, folder);
+    }
+    return text::Replace(JoinPath(path, run.Value(kFieldPicFilename)), u"\\", u"/");
 }
 
 std::optional<PictureSize> SizeOfFile(FileStore& store, std::u16string_view path) {

@@ -63,6 +63,14 @@ TEST(CheckDatabaseTest, AccdbHasNoWorkgroup) {
     }
 }
 
+TEST(CheckDatabaseTest, FileNameThatAKeyListReplacesHasNoFormat) {
+    const Texts found = Check({{kDBRegList.Field(1), u"HKLM\\A\\B%|Filename%|a.mdb"},
+                               {kFieldDBFilename, u"a.accdb"},
+                               {kFieldUser, u"x"}});
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_TRUE(found[0].ends_with(u"[key-list-before-path]"));
+}
+
 TEST(CheckDatabaseTest, WorkgroupFolderWithoutAFileNameIsNotUsed) {
     EXPECT_EQ(Check({{kFieldSysDBPath, u"Daten"}}),
               Texts({u"SysDBPath: Warnung: Der Pfad wird nicht verwendet, solange SysDBFilename "

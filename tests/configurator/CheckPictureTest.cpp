@@ -2,6 +2,7 @@
 #include "tests/configurator/CheckTesting.h"
 #include "tests/support/FakeBinaryFiles.h"
 #include "tests/support/FakeFileStore.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -71,17 +72,33 @@ protected:
 
 TEST_F(PictureFileTest, PictureLargerThanCommonScreensIsAWarning) {
     EXPECT_EQ(
-        CheckWith(u"/haus/Bilder/a.bmp", Bitmap(2400, 600)),
+        CheckWith(u"/haus/Kunden/../Bilder/a.bmp", Bitmap(2400, 600)),
         Texts({u"PicFilename: Warnung: Das Bild ist 2400 x 600 Bildpunkte groß und wird nicht "
                u"verkleinert; übliche Bildschirme haben höchstens 1920 x 1080. "
                u"[picture-too-large]"}));
-    EXPECT_EQ(CheckWith(u"/haus/Bilder/a.bmp", Bitmap(100, 1081)).size(), 1U);
-    EXPECT_EQ(CheckWith(u"/haus/Bilder/a.bmp", Bitmap(1920, 1080)), Texts());
+    EXPECT_EQ(CheckWith(u"/haus/Kunden/../Bilder/a.bmp", Bitmap(100, 1081)).size(), 1U);
+    EXPECT_EQ(CheckWith(u"/haus/Kunden/../Bilder/a.bmp", Bitmap(1920, 1080)), Texts());
 }
 
 TEST_F(PictureFileTest, PictureThatIsNotThereOrNotShownIsNotLookedAt) {
     EXPECT_EQ(CheckWith(u"/haus/Kunden/a.bmp", Bitmap(9999, 9999)), Texts());
-    EXPECT_EQ(CheckWith(u"/haus/Bilder/a.bmp", Bitmap(9999, 9999), u"0"), Texts());
+    EXPECT_EQ(CheckWith(u"/haus/Kunden/../Bilder/a.bmp", Bitmap(9999, 9999), u"0"), Texts());
+}
+
+TEST_F(PictureFileTest, PictureIsFoundFromTheCurrentFolder) {
+    for (const auto& [path, file] :
+         {std::pair(u"..\\Bilder", u"../Bilder/a.bmp"), std::pair(u"Bilder", u"Bilder/a.bmp"),
+          std::pair(u"C:\\Bilder", u"C:/Bilder/a.bmp")}) {
+        FakeBinaryFiles files;
+        FakeFileStore store{files};
+        files.AddFile(file, Bitmap(9999, 1));
+        EXPECT_EQ(
+            Check({{kFieldPicPath, path}, {kFieldPicFilename, u"a.bmp"}, {kFieldPicDelay, u"1"}},
+                  {&store, {}})
+                .size(),
+            1U)
+            << text::ToUtf8(file);
+    }
 }
 
 TEST_F(PictureFileTest, PictureBesideTheLauncherAndOneThatCannotBeRead) {
