@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <iterator>
 
 #include "configurator/CheckRun.h"
 #include "launch/RegistryKeyList.h"
@@ -9,14 +8,6 @@ namespace tarvex {
 namespace {
 
 constexpr std::size_t kNone = std::u16string_view::npos;
-
-std::u16string Quoted(std::u16string_view text) {
-    return u"'" + std::u16string(text) + u"'";
-}
-
-std::u16string EntryText(std::u16string_view text) {
-    return u"Der Eintrag " + Quoted(text) + u" ";
-}
 
 /// Values that Windows itself keeps as expandable text.
 struct ExpandableValue {
@@ -61,28 +52,6 @@ constexpr ExpandableValue kExpandableValues[] = {
      {}},
 };
 
-/// What between two bars, with the percent signs beside them, could be meant as a marker; from the
-/// first bar on when there is only one. Empty without a bar.
-std::u16string_view FindMarkerLike(std::u16string_view text) {
-    const std::size_t first = text.find(u'|');
-    if (first == kNone) {
-        return {};
-    }
-    const std::size_t start = first > 0 && text[first - 1] == u'%' ? first - 1 : first;
-    std::size_t end = text.find(u'|', first + 1);
-    if (end != kNone) {
-        end += text::Drop(text, end + 1).starts_with(u'%') ? 2U : 1U;
-    }
-    return text.substr(start, end == kNone ? kNone : end - start);
-}
-
-bool IsMarkerName(std::u16string_view variable) {
-    const std::u16string_view names[] = {u"%SubDir%", u"%Filename%", u"%File%"};
-    return std::any_of(std::begin(names), std::end(names), [variable](std::u16string_view name) {
-        return text::EqualsIgnoreCase(variable, name);
-    });
-}
-
 class EntryChecker {
 public:
     EntryChecker(CheckRun& run, const CheckTarget& target, std::int32_t number,
@@ -91,7 +60,7 @@ public:
 
     void Check() {
         const KeyListParse parse = ParseKeyListEntry(text_, markers_);
-        if (!MarkersAreRight(parse.entry)) {
+        if (!CheckMarkers(run_, number_, text_, parse.entry)) {
             return;
         }
         if (parse.error == LaunchError::EntryWithoutHKey) {
@@ -115,53 +84,6 @@ public:
     }
 
 private:
-    bool MarkersAreRight(const KeyListEntry& entry) {
-        for (const std::u16string_view marker : {markers_.subFolder, markers_.fileName}) {
-            if (text::FindIgnoreCase(entry.fileName, marker) != kNone ||
-                text::FindIgnoreCase(entry.subFolder, marker) != kNone) {
-                run_.Report(u"key-list-marker-order", number_,
-                            EntryText(text_) +
-                                u"enthält eine Marke doppelt oder an falscher Stelle; zuerst "
-                                u"kommt '%|SubDir|%' mit dem Unterordner, dann '%|Filename%|' mit "
-                                u"dem Dateinamen.");
-                return false;
-            }
-        }
-        // A tab takes the place of the known markers: nothing around them grows together.
-        std::u16string rest(text_);
-        for (const std::u16string_view marker :
-             {markers_.fileName, markers_.subFolder, markers_.list}) {
-            for (std::size_t at = text::FindIgnoreCase(rest, marker); at != kNone;
-                 at = text::FindIgnoreCase(rest, marker)) {
-                rest.replace(at, marker.size(), u"\t");
-            }
-        }
-        std::u16string_view found = FindMarkerLike(rest);
-        const std::u16string_view variable = FindVariable(text::Left(rest, rest.find(u'\t')));
-        if (found.empty() && IsMarkerName(variable)) {
-            found = variable;
-        }
-        if (found.find(u'%') != kNone) {
-            run_.Report(u"key-list-marker", number_,
-                        Quoted(found) +
-                            u" ist keine Marke; es gibt '%|SubDir|%' vor einem Unterordner, "
-                            u"'%|Filename%|' vor einem Dateinamen und '%|%' zwischen Einträgen.");
-            return false;
-        }
-        if (!found.empty()) {
-            run_.Report(u"key-list-bar", number_,
-                        EntryText(text_) +
-                            u"enthält '|' außerhalb einer Marke. In einer Stapeldatei (.bat, .cmd) "
-                            u"muss '%%|SubDir|%%' für '%|SubDir|%' stehen.");
-            return false;
-        }
-        if (!variable.empty()) {
-            run_.Report(u"key-variable", number_,
-                        Quoted(variable) + u" wird in einem Schlüssel nicht ersetzt.");
-        }
-        return true;
-    }
-
     void CheckKey(const KeyListEntry& entry) {
         KeyListEntry better = entry;
         const std::u16string_view node = u"SOFTWARE\\WOW6432Node";

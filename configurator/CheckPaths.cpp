@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "configurator/CheckRun.h"
 #include "text/Text.h"
 
@@ -8,10 +6,6 @@ namespace {
 
 constexpr std::size_t kNone = std::u16string_view::npos;
 constexpr std::u16string_view kLongPathPrefix = u"\\\\?\\";
-
-std::u16string Quoted(std::u16string_view text) {
-    return u"'" + std::u16string(text) + u"'";
-}
 
 std::u16string WithBackslashes(std::u16string_view path) {
     return text::Replace(path, u"/", u"\\");

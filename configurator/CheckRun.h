@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "configurator/Checks.h"
+#include "launch/RegistryKeyList.h"
 
 namespace tarvex {
 
@@ -50,6 +51,12 @@ private:
 /// Name of a field as the settings file has it.
 std::u16string FieldName(std::int32_t number);
 
+/// The text between single quotes.
+std::u16string Quoted(std::u16string_view text);
+
+/// "Der Eintrag '...' ", to which the rest of a sentence is added.
+std::u16string EntryText(std::u16string_view entry);
+
 /// What a path is joined to decides which forms of it work.
 enum class PathUse {
     LauncherFolder,  ///< a folder or program; relative to the launcher
@@ -64,6 +71,11 @@ void CheckPath(CheckRun& run, std::int32_t number, std::u16string_view path, Pat
 /// The name of an environment variable with its percent signs ("%APPDATA%"); empty when the text
 /// holds none.
 std::u16string_view FindVariable(std::u16string_view text);
+
+/// Reports markers of a key list entry that are misspelt, left over or in the wrong places; false
+/// when there were any, and the entry is not what its author meant.
+bool CheckMarkers(CheckRun& run, std::int32_t number, std::u16string_view text,
+                  const KeyListEntry& entry);
 
 /// Whether the launcher would show a file of that name as its picture.
 bool IsPictureFile(std::u16string_view name);

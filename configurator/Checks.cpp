@@ -11,6 +11,14 @@ std::u16string FieldName(std::int32_t number) {
     return std::u16string(FindField(number)->name);
 }
 
+std::u16string Quoted(std::u16string_view text) {
+    return u"'" + std::u16string(text) + u"'";
+}
+
+std::u16string EntryText(std::u16string_view entry) {
+    return u"Der Eintrag " + Quoted(entry) + u" ";
+}
+
 bool CheckRun::HasKeyList(const KeyListFields& list) const {
     const auto numbers = list.Numbers();
     return std::any_of(numbers.begin(), numbers.end(),
