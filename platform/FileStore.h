@@ -104,7 +104,7 @@ public:
     virtual bool IsSameFile(std::u16string_view a, std::u16string_view b) const = 0;
 
     /// Waits for the right to change an existing file, `patience` at most, then fails with Locked.
-    /// A file that must not be written to is refused at once, and so is one that is in use.
+    /// A file that must not be written to is refused at once, one that is in use after a second.
     /// Meanwhile Open may refuse the file (InUse); the other calls work.
     virtual std::unique_ptr<FileLock> Lock(std::u16string_view path,
                                            std::chrono::milliseconds patience) = 0;

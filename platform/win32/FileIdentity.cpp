@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "platform/win32/FileInUse.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/SystemFile.h"
 #include "platform/win32/SystemLibrary.h"
@@ -126,11 +127,13 @@ void RequireReplaceable(const std::u16string& path) {
     }
     // Replacing a program that runs is answered like a missing right, opening it for writing is
     // not.
-    const UniqueFile file(CreateFileW(Wide(path), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) {
-        ThrowLastFileFailure();
-    }
+    AfterTheMoment([&path] {
+        const UniqueFile file(CreateFileW(Wide(path), GENERIC_WRITE, kShareAll, nullptr,
+                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!file) {
+            ThrowLastFileFailure();
+        }
+    });
 }
 
 }  // namespace tarvex

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "platform/win32/FileIdentity.h"
+#include "platform/win32/FileInUse.h"
 #include "platform/win32/FileRights.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/SystemFile.h"
@@ -35,11 +36,43 @@ void Flush(const std::u16string& path) {
     throw failure;
 }
 
+/// Opens an existing file that others may read meanwhile.
+UniqueFile OpenShared(const std::u16string& path, DWORD access, DWORD flags) {
+    return AfterTheMoment([&] {
+        UniqueFile file(CreateFileW(Wide(path), access, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                    flags, nullptr));
+        if (!file) {
+            ThrowOpenFailure(path);
+        }
+        return file;
+    });
+}
+
 /// True when somebody has the file open in a way that lets nobody replace it.
 bool IsHeldOpen(const std::u16string& path) {
     const UniqueFile file(CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     return !file && GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
+/// Gives the file `source` the name `target`, in place of the file there.
+void Rename(const std::u16string& source, const std::u16string& target) {
+    for (bool again = true;; again = false) {
+        // ReplaceFileW works in several steps and can stop after the first, when the old file is
+        // gone.
+        if (MoveFileExW(Wide(source), Wide(target),
+                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+            return;
+        }
+        const FileFailure failure = FileFailureOf(GetLastError());
+        if (failure.problem == FileProblem::AccessDenied && IsHeldOpen(target)) {
+            throw FileFailure{FileProblem::InUse};
+        }
+        // Whoever held it may have closed it between the two calls.
+        if (failure.problem != FileProblem::AccessDenied || !again) {
+            throw failure;
+        }
+    }
 }
 
 class Win32BinaryFile : public BinaryFile {
@@ -81,13 +114,8 @@ bool Win32FileStore::FileExists(std::u16string_view path) const {
 }
 
 std::unique_ptr<BinaryFile> Win32FileStore::Open(std::u16string_view path) {
-    const std::u16string name = FilePath(path);
-    UniqueFile file(CreateFileW(Wide(name), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) {
-        ThrowOpenFailure(name);
-    }
-    return std::make_unique<Win32BinaryFile>(std::move(file));
+    return std::make_unique<Win32BinaryFile>(
+        OpenShared(FilePath(path), GENERIC_READ | GENERIC_WRITE, FILE_ATTRIBUTE_NORMAL));
 }
 
 FileEntry Win32FileStore::Describe(std::u16string_view path) const {
@@ -104,12 +132,7 @@ std::unique_ptr<FileLock> Win32FileStore::Lock(std::u16string_view path,
 }
 
 std::string Win32FileStore::ReadAll(std::u16string_view path) {
-    const std::u16string name = FilePath(path);
-    const UniqueFile file(CreateFileW(Wide(name), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                      OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!file) {
-        ThrowOpenFailure(name);
-    }
+    const UniqueFile file = OpenShared(FilePath(path), GENERIC_READ, FILE_FLAG_SEQUENTIAL_SCAN);
     return ReadUpTo(file.Get(), SIZE_MAX);
 }
 
@@ -150,15 +173,11 @@ bool Win32FileStore::ReplaceWith(std::u16string_view temp, std::u16string_view p
     if (exists) {
         SetFileAttributesW(Wide(source), attributes);
     }
-    // ReplaceFileW works in several steps and can stop after the first, when the old file is gone.
-    if (!MoveFileExW(Wide(source), Wide(target),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-        const FileFailure failure = FileFailureOf(GetLastError());
+    try {
+        AfterTheMoment([&] { Rename(source, target); });
+    } catch (const FileFailure&) {
         SetFileAttributesW(Wide(source), FILE_ATTRIBUTE_NORMAL);
-        if (failure.problem == FileProblem::AccessDenied && IsHeldOpen(target)) {
-            throw FileFailure{FileProblem::InUse};
-        }
-        throw failure;
+        throw;
     }
     Settle(temp);
     return true;

@@ -13,7 +13,7 @@ import pytest
 import brandfile
 import configurator
 
-ROUNDS = {"linux": 40, "win32": 10}
+ROUNDS = 40
 
 
 @pytest.fixture(scope="module", params=[configurator.Native, configurator.Wine], ids=lambda c: c.name)
@@ -58,7 +58,7 @@ def value(file, name):
 
 
 def test_of_two_changes_at_the_same_time_none_is_lost(program, folder):
-    for number in range(ROUNDS[program.name]):
+    for number in range(ROUNDS):
         runs = [
             start(program, folder, "set", "T.exe", f"{name}={number}") for name in ("Cmd", "FileID")
         ]
@@ -69,7 +69,7 @@ def test_of_two_changes_at_the_same_time_none_is_lost(program, folder):
 
 
 def test_of_two_that_make_the_same_file_one_wins(program, folder):
-    for number in range(ROUNDS[program.name] // 2):
+    for number in range(ROUNDS // 2):
         runs = [
             start(
                 program, folder, "brand", "T.exe", "K.exe", "--settings", "K.ini", "--set", f"Cmd={n}"

@@ -88,6 +88,27 @@ TEST(Win32FileStoreTest, ReaderThatLetsNobodyReplaceTheFileIsNamed) {
     EXPECT_EQ(world.Bytes(u"a.exe"), "alt");
 }
 
+DWORD WINAPI CloseSoon(void* handle) {
+    Sleep(300);
+    return CloseHandle(handle) != 0 ? 0 : 1;
+}
+
+TEST(Win32FileStoreTest, ReaderThatIsGoneInAMomentIsWaitedFor) {
+    Win32World world;
+    Win32FileStore store;
+    world.MakeFile(u"a.exe", "alt");
+    const std::u16string path = world.Path(u"a.exe");
+    const std::u16string temp = store.WriteNewBeside(path, "neu");
+    const HANDLE reader = CreateFileW(Wide(path), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    const UniqueHandle<HANDLE, CloseHandle> closing(
+        CreateThread(nullptr, 0, CloseSoon, reader, 0, nullptr));
+    EXPECT_EQ(ProblemOf([&] { store.ReplaceWith(temp, path, {}); }), std::nullopt);
+    WaitForSingleObject(closing.Get(), 5000);
+    EXPECT_EQ(world.Bytes(u"a.exe"), "neu");
+}
+
 TEST(Win32FileStoreTest, ProgramThatRunsIsInUse) {
     Win32World world;
     Win32FileStore store;
