@@ -42,8 +42,8 @@ private:
     int descriptor_;
 };
 
-/// From the position of an open file, pipe or terminal on, until `count` bytes are there or it ends.
-/// Throws FileFailure.
+/// From the position of an open file, pipe or terminal on, until `count` bytes are there or it
+/// ends. Throws FileFailure.
 std::string ReadUpTo(int descriptor, std::size_t count);
 
 /// The path as the system takes it: UTF-8, and a lone low surrogate from U+DC80 to U+DCFF as the

@@ -16,12 +16,12 @@
 
 #include "platform/posix/PosixCleanup.h"
 #include "platform/posix/PosixFile.h"
+#include "platform/posix/PosixFileAccess.h"
 
 namespace tarvex {
 
 namespace {
 
-constexpr mode_t kPermissionBits = 07777;
 constexpr mode_t kAllWriteBits = 0222;
 
 /// The file that a symbolic link names; other paths, also of a file that does not exist yet, as
@@ -69,44 +69,6 @@ PosixFile CreateBeside(const std::string& target, std::string& path) {
         }
     }
     throw FileFailure{FileProblem::Device};
-}
-
-void SetPermissions(const PosixFile& file, mode_t bits) {
-    if (fchmod(file.Get(), bits) != 0) {
-        throw PosixFailure(errno);
-    }
-}
-
-/// Gives an open file the owner of the file whose place it will take; false when that must not be.
-bool TakeOwner(const PosixFile& file, const struct stat& old) {
-    if (fchown(file.Get(), old.st_uid, old.st_gid) == 0) {
-        return true;
-    }
-    // Only the superuser can give a file away; but a user may name each of the own groups.
-    if (errno != EPERM ||
-        (fchown(file.Get(), static_cast<uid_t>(-1), old.st_gid) != 0 && errno != EPERM)) {
-        throw PosixFailure(errno);
-    }
-    return file.Status().st_uid == old.st_uid && file.Status().st_gid == old.st_gid;
-}
-
-/// Gives a new file the permissions that it shall have; it is its owner's alone so far.
-void SetAccess(const PosixFile& file, const FileAccess& access) {
-    if (access.ownerOnly) {
-        return;
-    }
-    if (access.model.empty()) {
-        const mode_t withheld = umask(0);
-        umask(withheld);
-        SetPermissions(file, 0666 & ~withheld);
-        return;
-    }
-    struct stat model {};
-    const std::string name = PosixPath(access.model);
-    if (stat(name.c_str(), &model) != 0) {
-        throw PosixFailure(errno, name);
-    }
-    SetPermissions(file, model.st_mode & kPermissionBits);
 }
 
 /// The new name is safe only when the folder is on the disk too; some file systems cannot do that,
@@ -293,9 +255,9 @@ bool PosixFileStore::ReplaceWith(std::u16string_view temp, std::u16string_view p
     const std::string target = Resolve(path);
     const std::optional<struct stat> old = StatusToReplace(target);
     const PosixFile file(source, O_RDONLY);
-    const bool ownerKept = !old || TakeOwner(file, *old);
-    if (old && !access.ownerOnly) {
-        SetPermissions(file, old->st_mode & kPermissionBits);
+    bool ownerKept = true;
+    if (old) {
+        ownerKept = TakeAccess(file, *old, access);
     } else {
         SetAccess(file, access);
     }
