@@ -93,6 +93,31 @@ TEST_F(ProgramFileTest, ExportToTheOutputSaysThatTheIconIsMissing) {
     EXPECT_NE(console_.out.find(u"\r\nCompanyName = Müller\r\n"), std::u16string::npos);
 }
 
+TEST_F(ProgramFileTest, OldLauncherGivesItsIconAndTextsToANewOne) {
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"N.exe", u"--from", u"K.exe"}), 0)
+        << text::ToUtf8(console_.err);
+    EXPECT_EQ(world_.files.Bytes(u"N.exe"), world_.files.Bytes(u"K.exe"));
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"M.exe", u"--from", u"K.exe", u"--drop", u"IconFile",
+                          u"--set", u"CompanyName=Neu"}),
+              0)
+        << text::ToUtf8(console_.err);
+    EXPECT_EQ(world_.Run({u"show", u"M.exe", u"--all"}), 0);
+    EXPECT_TRUE(console_.out.ends_with(u"\nCompanyName = Neu\nComments =\n"));
+    EXPECT_EQ(console_.out.find(u"IconFile"), std::u16string::npos);
+}
+
+TEST_F(ProgramFileTest, NewLauncherWithoutRoomNamesWhatItCannotTake) {
+    world_.files.AddFile(u"T.exe", SyntheticLauncher().Build());
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"N.exe", u"--from", u"K.exe"}), 1);
+    EXPECT_NE(console_.err.find(u"IconFile"), std::u16string::npos);
+    EXPECT_NE(console_.err.find(u"CompanyName"), std::u16string::npos);
+    EXPECT_FALSE(world_.files.FileExists(u"N.exe"));
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"N.exe", u"--from", u"K.exe", u"--drop", u"IconFile",
+                          u"--drop", u"CompanyName", u"--drop", u"Comments"}),
+              0)
+        << text::ToUtf8(console_.err);
+}
+
 TEST_F(ProgramFileTest, DryRunNamesWhatWouldBeRefused) {
     world_.files.AddFile(u"T.exe", SyntheticLauncher().Build());
     EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"L.exe", u"--settings", u"K.ini", u"--dry-run"}), 1);

@@ -257,7 +257,10 @@ class TestSignature:
         assert "Die Datei trägt eine Signatur" in result.err
         assert result.code == program.run(signed, "check", "K.exe").code
         assert program.run(signed, "export", "S.exe", "S.ini").code == 0
-        assert brand(program, signed, "S.ini", "L.exe") == (signed / "K.exe").read_bytes()
+        expected = (signed / "K.exe").read_bytes()
+        assert brand(program, signed, "S.ini", "L.exe") == expected
+        assert program.run(signed, "brand", "T.exe", "N.exe", "--from", "S.exe").code == 0
+        assert (signed / "N.exe").read_bytes() == expected
 
     def test_signed_file_is_not_changed(self, program, signed):
         before = (signed / "S.exe").read_bytes()
