@@ -103,7 +103,10 @@ Judgement JudgeBitmap(std::string_view bytes) {
     if (signedWidth > kLargest || signedHeight > kLargest) {
         return LeftOut(SizeText(signedWidth, signedHeight) + u" ist größer als 256 x 256");
     }
-    return {{signedWidth, signedHeight, std::string(bytes.substr(0, static_cast<std::size_t>(size)))}, {}, {}};
+    return {
+        {signedWidth, signedHeight, std::string(bytes.substr(0, static_cast<std::size_t>(size)))},
+        {},
+        {}};
 }
 
 Judgement Judge(std::string_view bytes) {

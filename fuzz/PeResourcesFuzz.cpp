@@ -12,7 +12,8 @@
 /// into them are read back, and nothing outside of the named ranges has changed.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string before(reinterpret_cast<const char*>(data), size);
-    for (const tarvex::PeResource& resource : tarvex::PeResources::Read(before).All()) {
+    const tarvex::PeResources directory = tarvex::PeResources::Read(before);
+    for (const tarvex::PeResource& resource : directory.All()) {
         if (!tarvex::FileRange{0, size}.Holds(resource.content)) {
             std::abort();
         }

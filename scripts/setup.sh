@@ -20,6 +20,7 @@ native_packages=(
     util-linux procps
     # end-to-end tests
     python3 python3-pytest python3-pytest-xdist python3-pytest-timeout python3-pefile
+    osslsigncode openssl # sign a program
     win32-loader # holds an installer whose version resource is read
 )
 # The programs are 32-bit, so Wine's 32-bit half is the one that counts; with both halves it can play

@@ -44,10 +44,11 @@ TEST(BashCompletionTest, OptionsAreThoseOfTheCommand) {
 
 TEST(BashCompletionTest, NamesOfFieldsFollowTheFile) {
     EXPECT_EQ(Offered("tarvexcf get --reveal K.exe Sys"),
-              "SysDBPath\nSysDBFilename\nSysDBRegList01\nSysDBRegList02\nSysDBRegList03\nSysDBRegLi"
+              "SysDBFilename\nSysDBPath\nSysDBRegList01\nSysDBRegList02\nSysDBRegList03\nSysDBRegLi"
               "st04\nSysDBRegList05\nSysDBRegList06\nSysDBRegList07\nSysDBRegList08\nSysDBRegList09"
               "\nSysDBRegList10\n");
     EXPECT_EQ(Offered("tarvexcf set K.exe Cm"), "Cmd=\n");
+    EXPECT_EQ(Offered("tarvexcf set K.exe Icon"), "IconFile=\n");
     EXPECT_EQ(Offered("tarvexcf brand T.exe K.exe --set Cm"), "Cmd=\n");
 }
 

@@ -128,11 +128,13 @@ TEST_F(CommandsTest, ValuesThatCannotBeReadAreNamedAndTheOthersShown) {
 TEST_F(CommandsTest, FieldsListsNumberNameWidthAndMeaning) {
     EXPECT_EQ(world_.Run({u"fields"}), 0);
     EXPECT_TRUE(console_.out.starts_with(
-        u"001  AppName          50  Anzeigename der Anwendung\n"
-        u"002  AccPath         255  Ordner oder voller Pfad von msaccess.exe; relativ zum "
+        u"001  AppName            50  Anzeigename der Anwendung\n"
+        u"002  AccPath           255  Ordner oder voller Pfad von msaccess.exe; relativ zum "
         u"Startprogramm möglich\n"));
     EXPECT_EQ(static_cast<std::size_t>(std::count(console_.out.begin(), console_.out.end(), u'\n')),
-              kBrandFields.size());
+              kBrandFields.size() + 11);
+    EXPECT_NE(console_.out.find(u"\n1003  CompanyName       500  Name des Herstellers\n"),
+              std::u16string::npos);
     EXPECT_EQ(world_.Run({u"fields", u"--json"}), 0);
     EXPECT_NE(console_.out.find(u"  {\"number\": 65, \"name\": \"EditPwd\", \"width\": 17, "
                                 u"\"storedWidth\": 50, \"meaning\": \"Kennwort"),

@@ -303,9 +303,9 @@ TEST_F(BrandWriterTest, EveryValueIsReadBackEqualOrRefusedWithAReason) {
 
 TEST_F(BrandWriterTest, ValuesThatBeginAndEndWithAnyCharacterComeBack) {
     std::vector<const BrandField*> fields;
-    for (const BrandField* field : FieldsByNumber()) {
-        if (field->width >= 100) {
-            fields.push_back(field);
+    for (const BrandField& field : kBrandFields) {
+        if (field.width >= 100) {
+            fields.push_back(&field);
         }
     }
     // More fields than the 16 characters that a round goes on: every character is tried.

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "configurator/FieldTexts.h"
+#include "configurator/ProgramFields.h"
 #include "text/TextCodec1252.h"
 
 namespace tarvex {
@@ -64,6 +65,25 @@ TEST(ModelTest, NearestNameIgnoresCase) {
               u"Unbekannter Name 'SYSDBPFAD'; gemeint ist vielleicht SysDBPath.");
 }
 
+TEST(ModelTest, NearestNameMayBeOneOfTheProgramFile) {
+    EXPECT_EQ(UnknownNameText(u"CompanyNam"),
+              u"Unbekannter Name 'CompanyNam'; gemeint ist vielleicht CompanyName.");
+}
+
+TEST(ModelTest, IconGoesWithItsField) {
+    Settings old;
+    old.Set(kFieldIconFile, u"a.ico");
+    old.SetIcon("old");
+    Settings other;
+    other.Set(kFieldComments, u"x");
+    old.SetAll(other);
+    EXPECT_EQ(old.Icon(), "old");
+    other.Set(kFieldIconFile, u"b.ico");
+    other.SetIcon("new");
+    old.SetAll(other);
+    EXPECT_EQ(old.Icon(), "new");
+}
+
 TEST(ModelTest, EveryFieldHasAMeaningAndStandsInOneSection) {
     std::set<std::int32_t> seen;
     for (const FieldSection& section : FieldSections()) {
@@ -71,10 +91,10 @@ TEST(ModelTest, EveryFieldHasAMeaningAndStandsInOneSection) {
             EXPECT_TRUE(seen.insert(number).second) << number;
         }
     }
-    EXPECT_EQ(seen.size(), kBrandFields.size());
-    for (const BrandField& field : kBrandFields) {
-        EXPECT_NE(FieldMeaning(field), u"") << field.number;
-        EXPECT_TRUE(seen.contains(field.number)) << field.number;
+    EXPECT_EQ(seen.size(), FieldsByNumber().size());
+    for (const BrandField* field : FieldsByNumber()) {
+        EXPECT_NE(FieldMeaning(*field), u"") << field->number;
+        EXPECT_TRUE(seen.contains(field->number)) << field->number;
     }
     EXPECT_EQ(FieldMeaning(Field(kSysDBRegList.Field(10))),
               u"10. Eintrag der Schlüsselliste zur Arbeitsgruppendatei");

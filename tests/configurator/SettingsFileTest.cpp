@@ -278,7 +278,7 @@ TEST(SettingsFileTest, WrittenFileHasSectionsAndCommentsAndTheFieldsThatAreSet) 
         }
     }
     EXPECT_EQ(sections, Texts({u"[Anwendung]", u"[Access]", u"[Datenbank]", u"[Arbeitsgruppe]",
-                               u"[Optionen]", u"[Startbild]", u"[Diagnose]"}));
+                               u"[Optionen]", u"[Startbild]", u"[Diagnose]", u"[Programmdatei]"}));
 }
 
 /// Texts of words and line breaks that mean something in a settings file.

@@ -225,11 +225,11 @@ def test_check_reports_what_is_not_meant(program, folder):
 
 def test_fields_are_listed(program, folder):
     fields = json.loads(program.run(folder, "fields", "--json").out)
-    assert len(fields) == 67
+    assert len(fields) == 78
     widths = {field["name"]: field["width"] for field in fields}
     assert (widths["User"], widths["EditPwd"], widths["DBPath"]) == (33, 17, 255)
     lines = program.run(folder, "fields").out.splitlines()
-    assert len(lines) == 67
+    assert len(lines) == 78
     assert lines[0].startswith("001  AppName")
 
 
