@@ -23,6 +23,7 @@ public:
     FileStore& Store() const { return environment_.store; }
     const TextCodec& Codec() const { return environment_.codec; }
     Console& GetConsole() const { return environment_.console; }
+    const FolderListing& Folders() const { return environment_.folders; }
 
     /// The bytes of an input file; "-" and "/dev/stdin" are the standard input. Nothing when it
     /// cannot be read: the reason is added to the problems.

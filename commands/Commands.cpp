@@ -55,6 +55,10 @@ int Execute(CommandContext& context, const CommandLine& line) {
             return Export(context, line);
         case CommandKind::Check:
             return Check(context, line);
+        case CommandKind::Simulate:
+            return Simulate(context, line);
+        case CommandKind::Collect:
+            return Collect(context, line);
         case CommandKind::Fields:
             return Fields(context, line);
         case CommandKind::Presets:
@@ -84,7 +88,7 @@ int RunCommand(const std::vector<std::u16string>& arguments,
         codePage = MakeCodePage(text::ParseInt32(line.Value(Option::Codepage)).value_or(0));
     }
     const TextCodec& codec = codePage != nullptr ? *codePage : environment.codec;
-    CommandContext context({environment.store, codec, environment.console},
+    CommandContext context({environment.store, codec, environment.console, environment.folders},
                            line.Has(Option::Quiet));
     if (!line.usageError.empty()) {
         context.Err(line.usageError);

@@ -2,6 +2,7 @@
 
 #include "commands/Console.h"
 #include "platform/FileStore.h"
+#include "platform/FolderListing.h"
 #include "text/TextCodec.h"
 
 namespace tarvex {
@@ -11,6 +12,7 @@ struct ConfiguratorEnvironment {
     FileStore& store;
     const TextCodec& codec;  ///< of the settings: one byte per character
     Console& console;
+    const FolderListing& folders;
 };
 
 }  // namespace tarvex

@@ -17,6 +17,9 @@ int Diff(CommandContext& context, const CommandLine& line);
 int Export(CommandContext& context, const CommandLine& line);
 int Check(CommandContext& context, const CommandLine& line);
 
+int Simulate(CommandContext& context, const CommandLine& line);
+int Collect(CommandContext& context, const CommandLine& line);
+
 int Fields(CommandContext& context, const CommandLine& line);
 int Presets(CommandContext& context, const CommandLine& line);
 

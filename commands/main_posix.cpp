@@ -3,6 +3,7 @@
 #include "platform/posix/PosixCleanup.h"
 #include "platform/posix/PosixFile.h"
 #include "platform/posix/PosixFileStore.h"
+#include "platform/posix/PosixFolderListing.h"
 #include "text/TextCodec1252.h"
 
 int main(int argc, char** argv) {
@@ -16,5 +17,6 @@ int main(int argc, char** argv) {
     // none to ask for here, and nearly all its users have this one.
     const tarvex::TextCodec1252 codec;
     tarvex::SystemConsole console;
-    return tarvex::RunCommand(arguments, {store, codec, console});
+    const tarvex::PosixFolderListing folders;
+    return tarvex::RunCommand(arguments, {store, codec, console, folders});
 }

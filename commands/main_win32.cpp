@@ -3,6 +3,7 @@
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32Cleanup.h"
 #include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32FolderListing.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "platform/win32/WindowsApi.h"
 
@@ -20,5 +21,6 @@ int main() {
     tarvex::Win32FileStore store;
     const tarvex::SingleByteTextCodec codec;
     tarvex::SystemConsole console;
-    return tarvex::RunCommand(arguments, {store, codec, console});
+    const tarvex::Win32FolderListing folders;
+    return tarvex::RunCommand(arguments, {store, codec, console, folders});
 }

@@ -50,16 +50,15 @@ public:
                                                        std::size_t maxNameChars,
                                                        std::size_t maxDataBytes) const = 0;
 
-protected:
     enum class View { kOwn, k64Bit };
 
-    /// One read for ReadText.
+    /// One read for ReadText, in one view. For those who stand between a registry and its reader.
     virtual std::optional<std::string> ReadTextInView(View view, std::int32_t root,
                                                       std::u16string_view key,
                                                       std::u16string_view valueName) const = 0;
 
-    /// Whether this is a 32-bit program on a 64-bit system. Asked at most once, and not before a
-    /// text is missing.
+    /// Whether this is a 32-bit program on a 64-bit system. ReadText asks at most once, and not
+    /// before a text is missing.
     virtual bool Has64BitView() const = 0;
 
 private:

@@ -7,6 +7,7 @@
 #include "commands/Commands.h"
 #include "commands/Console.h"
 #include "tests/configurator/ConfiguratorWorld.h"
+#include "tests/support/FakeFolderListing.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -48,7 +49,7 @@ struct CommandsWorld : ConfiguratorWorld {
     int Run(const std::vector<std::u16string>& arguments) {
         console.out.clear();
         console.err.clear();
-        return RunCommand(arguments, {store, codec, console});
+        return RunCommand(arguments, {store, codec, console, folders});
     }
 
     /// Brands K.exe from the text of a settings file.
@@ -58,6 +59,7 @@ struct CommandsWorld : ConfiguratorWorld {
     }
 
     FakeConsole console;
+    FakeFolderListing folders;
 };
 
 }  // namespace tarvex

@@ -55,6 +55,7 @@ class Programs:
         self.winhelp = self._find(environment, "TARVEX_E2E_BIN", "winhlp32.exe")
         self.planted = self._find(environment, "TARVEX_E2E_BIN", "planted.dll")
         self.watcher = self._find(environment, "TARVEX_E2E_BIN", "watcher.exe")
+        self.worlds = self._find(environment, "TARVEX_E2E_BIN", "worlds.exe")
 
     @staticmethod
     def _find(environment, variable, name, needed=True):

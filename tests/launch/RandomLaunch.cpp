@@ -1,5 +1,7 @@
 #include "tests/launch/RandomLaunch.h"
 
+#include <utility>
+
 namespace tarvex {
 namespace {
 
@@ -53,6 +55,21 @@ cuTarvex RandomLaunch::Configure(bool testMode) {
     cuTarvex tarvex(settings_);
     tarvex.Properties().testMode = testMode;
     return tarvex;
+}
+
+std::vector<std::u16string> RandomLaunch::FilesFound() {
+    cuTarvex tarvex = Configure(true);
+    ErrorOf([&tarvex] { tarvex.GetCommandLine(); });
+    std::vector<std::u16string> paths;
+    const std::size_t failCall = std::exchange(files.failCall, 0);
+    for (const std::u16string& call : std::vector<std::u16string>(files.log)) {
+        const std::u16string path = call.substr(std::u16string_view(u"exists ").size());
+        if (files.FileExists(path)) {
+            paths.push_back(path);
+        }
+    }
+    files.failCall = failCall;
+    return paths;
 }
 
 std::string RandomLaunch::Describe() const {

@@ -24,6 +24,11 @@ public:
 
     const cuTarvex& Settings() const { return settings_; }
 
+    std::uint32_t Seed() const { return seed_; }
+
+    /// The files that the launch asks for and that are there, as it asks for them.
+    std::vector<std::u16string> FilesFound();
+
 private:
     using Choices = std::vector<std::u16string_view>;
 

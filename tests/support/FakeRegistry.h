@@ -12,6 +12,20 @@ namespace tarvex {
 /// order in which they were set.
 class FakeRegistry : public Registry {
 public:
+    struct Value {
+        std::u16string name;
+        std::string bytes;
+        bool isText = false;
+    };
+    struct Key {
+        std::int32_t root = kNoHKey;
+        std::u16string path;
+        std::vector<Value> values;
+    };
+
+    /// Everything in it, in the order in which it came.
+    const std::vector<Key>& Keys() const { return keys_; }
+
     /// Adds or replaces a text value, creating the key. `bytes` are stored as they are: give the
     /// closing zero that real values carry, as in std::string("C:\\Daten\0", 9).
     void SetText(std::int32_t root, std::u16string_view key, std::u16string_view valueName,
@@ -51,17 +65,6 @@ protected:
     bool Has64BitView() const override;
 
 private:
-    struct Value {
-        std::u16string name;
-        std::string bytes;
-        bool isText = false;
-    };
-    struct Key {
-        std::int32_t root = kNoHKey;
-        std::u16string path;
-        std::vector<Value> values;
-    };
-
     const Key* FindKey(std::int32_t root, std::u16string_view path) const;
     Key& EnsureKey(std::int32_t root, std::u16string_view path);
     void SetValue(std::int32_t root, std::u16string_view key, Value value);
