@@ -2,9 +2,12 @@
 
 import os
 import pathlib
+import re
 import subprocess
 
 SECONDS_FOR_A_RUN = 60
+# Such a line ends in the identifier of its kind.
+FINDING = re.compile(r"\[[a-z-]+\]\n?$")
 
 
 class Result:
@@ -12,6 +15,12 @@ class Result:
         self.code = code
         self.out = out
         self.err = err
+
+    @property
+    def refusals(self):
+        """The error output without findings, which do not keep a setting from being stored."""
+        lines = self.err.splitlines(keepends=True)
+        return "".join(line for line in lines if not FINDING.search(line))
 
     def __repr__(self):
         return f"code {self.code}\nout: {self.out}\nerr: {self.err}"

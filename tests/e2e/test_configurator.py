@@ -75,7 +75,7 @@ def assert_only_values_differ(before, after):
 
 def test_brand_writes_every_value_and_nothing_else(program, folder, template):
     result = brand(program, folder, FIELDS_FILE)
-    assert (result.code, result.err) == (0, ""), result
+    assert (result.code, result.refusals) == (0, ""), result
     assert result.out == "K.exe ist konfiguriert.\n"
     branded = brandfile.BrandFile.read(folder / "K.exe")
     expected = {
@@ -149,7 +149,7 @@ def test_branded_template_is_refused(program, folder):
     assert brand(program, folder, "AppName = x\n").code == 0
     result = program.run(folder, "brand", "K.exe", "L.exe", "--settings", "K.ini")
     assert result.code == 1
-    assert result.err.startswith("tarvexcf: K.exe: Das Startprogramm ist bereits konfiguriert")
+    assert result.refusals.startswith("tarvexcf: K.exe: Das Startprogramm ist bereits konfiguriert")
     assert not (folder / "L.exe").exists()
 
 
@@ -157,7 +157,7 @@ def test_set_changes_only_the_given_field(program, folder):
     assert brand(program, folder, "AppName = eins\nCmd = zwei\n").code == 0
     before = (folder / "K.exe").read_bytes()
     result = program.run(folder, "set", "K.exe", "AppName=Größer")
-    assert (result.code, result.err) == (0, ""), result
+    assert (result.code, result.refusals) == (0, ""), result
     after = brandfile.BrandFile.read(folder / "K.exe")
     mark = after.mark("AppName")
     assert after.value("AppName") == "Größer"
@@ -176,12 +176,12 @@ def test_password_comes_from_standard_input(program, folder):
     result = program.run(
         folder, "set", "T.exe", "User=-", "Pwd=-", stdin="Möller\r\ngeh€im\nrest\n".encode()
     )
-    assert (result.code, result.err) == (0, ""), result
+    assert (result.code, result.refusals) == (0, ""), result
     after = brandfile.BrandFile.read(folder / "T.exe")
     assert (after.value("User"), after.value("Pwd")) == ("Möller", "geh€im")
     result = program.run(folder, "set", "T.exe", "Pwd=-")
     assert result.code == 1
-    assert result.err == (
+    assert result.refusals == (
         "tarvexcf: T.exe, Pwd: Die Standardeingabe enthält keine Zeile für den Wert.\n"
     )
 
@@ -206,7 +206,7 @@ def test_export_is_branded_to_the_same_bytes(program, folder):
     assert program.run(folder, "export", "K.exe", "neu.ini").code == 0
     assert program.run(folder, "export", "K.exe", "neu.ini").code == 1
     result = program.run(folder, "brand", "T.exe", "L.exe", "--settings", "neu.ini")
-    assert (result.code, result.err) == (0, ""), result
+    assert (result.code, result.refusals) == (0, ""), result
     assert (folder / "L.exe").read_bytes() == (folder / "K.exe").read_bytes()
 
 
@@ -240,7 +240,7 @@ def test_wrong_usage_is_code_2_and_german(program, folder):
         assert result.out == ""
         assert result.err.startswith("tarvexcf: Falscher Aufruf: "), result
     result = program.run(folder, "--help")
-    assert (result.code, result.err) == (0, "")
+    assert (result.code, result.refusals) == (0, "")
     assert result.out.startswith("Konfiguriert Startprogramme")
 
 
@@ -281,7 +281,7 @@ def test_files_that_must_not_be_changed_are_refused(program, folder, template, c
         brand(program, folder, "Log = 1\n"),
     ):
         assert result.code == 1
-        assert result.err == f"tarvexcf: {message}\n"
+        assert result.refusals == f"tarvexcf: {message}\n"
     assert (folder / "T.exe").read_bytes() == data
     assert names(folder) == ["K.ini", "T.exe"]
 
@@ -310,7 +310,7 @@ def random_value(source, field):
     # A credential with umlauts needs more room than its width says.
     longest = field["width"] * 2 // 3 if field["width"] != field["storedWidth"] else field["width"]
     value = "".join(source.choices(CHARACTERS, k=source.randrange(longest)))
-    return value.strip(" ")
+    return value.strip(" \t")
 
 
 @pytest.mark.parametrize("seed", range(6))
@@ -318,16 +318,17 @@ def test_random_values_of_all_characters_come_back(folder, seed):
     """Judged by the tests' own reader; by the native program, because it is the faster one."""
     program = configurator.Native()
     fields = json.loads(program.run(folder, "fields", "--json").out)
+    fields = [field for field in fields if field["number"] < 1000]  # those with a mark
     source = random.Random(seed)
     values = {field["name"]: random_value(source, field) for field in fields}
     # The blank that keeps a "€" at an end takes room of its own.
     values = {
-        name: value[1:-1].strip(" ") if "€" in (value[:1], value[-1:]) else value
+        name: value[1:-1].strip(" \t") if "€" in (value[:1], value[-1:]) else value
         for name, value in values.items()
     }
     settings = "".join(f"{name} = {value}\n" for name, value in values.items())
     result = brand(program, folder, settings)
-    assert (result.code, result.err) == (0, ""), f"seed {seed}: {result}"
+    assert (result.code, result.refusals) == (0, ""), f"seed {seed}: {result}"
     branded = brandfile.BrandFile.read(folder / "K.exe")
     for name, value in values.items():
         assert branded.value(name) == value, f"seed {seed}, {name}"
@@ -340,7 +341,7 @@ def test_names_with_blanks_and_umlauts(program, folder):
     result = program.run(
         folder, "brand", "T.exe", f"{sub.name}/Kündin 1.exe", "--settings", "K.ini"
     )
-    assert (result.code, result.err) == (0, ""), result
+    assert (result.code, result.refusals) == (0, ""), result
     assert brandfile.BrandFile.read(sub / "Kündin 1.exe").value("AppName") == "x"
 
 
@@ -348,8 +349,8 @@ def test_output_folder_that_does_not_exist(program, folder):
     write(folder, "K.ini", "AppName = x\n")
     result = program.run(folder, "brand", "T.exe", "fehlt/K.exe", "--settings", "K.ini")
     assert result.code == 1
-    assert result.err.startswith("tarvexcf: fehlt/K.exe: ")
-    assert len(result.err.splitlines()) == 1
+    assert result.refusals.startswith("tarvexcf: fehlt/K.exe: ")
+    assert len(result.refusals.splitlines()) == 1
     assert names(folder) == ["K.ini", "T.exe"]
 
 

@@ -30,7 +30,7 @@ def test_branding_without_settings_changes_the_marker_alone(program, programs, t
     (tmp_path / "T.exe").write_bytes(before)
     (tmp_path / "leer.ini").write_text("; nichts\n", encoding="utf-8")
     result = program.run(tmp_path, "brand", "T.exe", "K.exe", "--settings", "leer.ini")
-    assert (result.code, result.err) == (0, "")
+    assert (result.code, result.refusals) == (0, "")
     after = (tmp_path / "K.exe").read_bytes()
     assert after == before.replace(brandfile.UNBRANDED, brandfile.BRANDED)
     assert after != before
