@@ -119,15 +119,30 @@ TEST(PeResourcesTest, DirectoryHasThreeLevels) {
         kDamaged);
 }
 
-TEST(PeResourcesTest, DirectoryThatGoesRoundInCirclesEnds) {
+/// A launcher whose directory names so many types, all with the same so many numbers.
+std::string WithManyEntries(std::uint32_t count) {
+    std::string directory;
+    const auto add = [&directory](std::uint32_t entries, std::uint32_t leadsTo) {
+        directory.append(12, '\0');
+        AppendNumber(directory, entries << 16U, 4);
+        for (std::uint32_t i = 0; i < entries; ++i) {
+            AppendNumber(directory, i, 4);
+            AppendNumber(directory, leadsTo, 4);
+        }
+    };
+    const std::uint32_t size = 16 + 8 * count;
+    add(count, 0x80000000 | size);
+    add(count, 0x80000000 | (2 * size));
+    add(1, 2 * size + 24);
+    AppendNumber(directory, SyntheticLauncher::kResources, 4);
+    directory.append(12, '\0');
     const std::string bytes = Launcher();
-    const std::size_t root = Number(bytes, kSection + 20);
-    std::string round = bytes;
-    for (std::size_t i = 0; i < 1000; ++i) {
-        round.replace(root + 16 + 8 * i, 8, std::string("\x03\0\0\0\0\0\0\x80", 8));
-    }
-    round.replace(root + 12, 4, std::string("\0\0\xe8\x03", 4));
-    EXPECT_EQ(PeResources::Read(round).Problem(), kDamaged);
+    return Changed(bytes, Number(bytes, kSection + 20), directory);
+}
+
+TEST(PeResourcesTest, DirectoryThatNamesOneThingEndlesslyIsNotRead) {
+    EXPECT_EQ(PeResources::Read(WithManyEntries(45)).All().size(), 45U * 45U);
+    EXPECT_EQ(PeResources::Read(WithManyEntries(46)).Problem(), kDamaged);
 }
 
 TEST(PeResourcesTest, EveryShorterFileIsReadWithoutFailing) {
