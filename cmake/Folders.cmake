@@ -1,9 +1,13 @@
 # tarvex_sources(VARIABLE FOLDER [EXCEPT FILE...])
-# The C++ files of a folder that this system compiles: files named *_win32.cpp only for Windows,
-# *_posix.cpp only elsewhere.
+# The C++ files of a folder and its parts that this system compiles: files named *_win32.cpp only for
+# Windows, *_posix.cpp only elsewhere.
 function(tarvex_sources variable folder)
     cmake_parse_arguments(arg "" "" "EXCEPT" ${ARGN})
     file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+    if(NOT folder STREQUAL platform)  # whose parts are systems
+        file(GLOB more CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*/*.cpp)
+        list(APPEND files ${more})
+    endif()
     if(WIN32)
         list(FILTER files EXCLUDE REGEX "_posix\\.cpp$")
     else()

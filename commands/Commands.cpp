@@ -4,7 +4,7 @@
 #include "commands/CommandHelp.h"
 #include "commands/CommandLine.h"
 #include "commands/ManPage.h"
-#include "commands/Verbs.h"
+#include "commands/verbs/Verbs.h"
 #include "configurator/FileTexts.h"
 #include "resources/Version.h"
 #include "text/CodePages.h"

@@ -8,9 +8,9 @@
 #include "branding/cuBrand.h"
 #include "configurator/FileCopy.h"
 #include "configurator/FileTexts.h"
-#include "configurator/ProgramFields.h"
-#include "configurator/ProgramResources.h"
 #include "configurator/SettingsDifference.h"
+#include "configurator/program/ProgramFields.h"
+#include "configurator/program/ProgramResources.h"
 #include "errors/RaisedError.h"
 #include "text/Text.h"
 

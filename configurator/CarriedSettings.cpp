@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "configurator/LauncherImage.h"
-#include "configurator/ProgramFields.h"
-#include "configurator/ProgramResources.h"
 #include "configurator/SettingsSource.h"
+#include "configurator/program/ProgramFields.h"
+#include "configurator/program/ProgramResources.h"
 #include "text/Text.h"
 
 namespace tarvex {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "configurator/CheckRun.h"
+#include "configurator/checks/CheckRun.h"
 #include "text/Text.h"
 
 namespace tarvex {

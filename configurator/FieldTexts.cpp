@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "configurator/ProgramFields.h"
+#include "configurator/program/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "configurator/PeHeader.h"
-#include "configurator/ProgramFields.h"
+#include "configurator/program/PeHeader.h"
+#include "configurator/program/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {

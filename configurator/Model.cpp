@@ -6,7 +6,7 @@
 
 #include "branding/Scrambling.h"
 #include "branding/StoredValue.h"
-#include "configurator/ProgramFields.h"
+#include "configurator/program/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {

@@ -1,7 +1,7 @@
 #include "configurator/SettingsDifference.h"
 
-#include "configurator/ProgramFields.h"
-#include "configurator/ProgramResources.h"
+#include "configurator/program/ProgramFields.h"
+#include "configurator/program/ProgramResources.h"
 
 namespace tarvex {
 namespace {

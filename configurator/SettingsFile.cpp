@@ -8,7 +8,7 @@
 
 #include "branding/BrandMark.h"
 #include "configurator/FieldTexts.h"
-#include "configurator/ProgramFields.h"
+#include "configurator/program/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "configurator/Finding.h"
+#include "configurator/checks/Finding.h"
 
 namespace tarvex {
 

@@ -5,9 +5,9 @@
 #include "configurator/BrandWriter.h"
 #include "configurator/FileTexts.h"
 #include "configurator/LauncherImage.h"
-#include "configurator/ProgramFields.h"
-#include "configurator/ProgramResources.h"
 #include "configurator/SettingsFile.h"
+#include "configurator/program/ProgramFields.h"
+#include "configurator/program/ProgramResources.h"
 #include "text/Text.h"
 
 namespace tarvex {

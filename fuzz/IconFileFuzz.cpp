@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "configurator/IconFile.h"
+#include "configurator/program/IconFile.h"
 
 /// Any bytes can be read, and the images that are taken from them make a file that says the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

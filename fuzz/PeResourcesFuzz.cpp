@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "configurator/PeResources.h"
-#include "configurator/ProgramFields.h"
-#include "configurator/ProgramResources.h"
+#include "configurator/program/PeResources.h"
+#include "configurator/program/ProgramFields.h"
+#include "configurator/program/ProgramResources.h"
 
 /// Any bytes can be read; every resource that is found lies inside the file. Texts that can be put
 /// into them are read back, and nothing outside of the named ranges has changed.

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulation/RegFile.h"
+#include "simulation/pc/RegFile.h"
 #include "text/TextCodec1252.h"
 
 /// Any bytes after the header of either kind give keys or one problem with its line.

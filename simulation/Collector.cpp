@@ -7,13 +7,13 @@
 #include "errors/RaisedError.h"
 #include "launch/LaunchRun.h"
 #include "launch/Resolution.h"
-#include "simulation/DescribedPc.h"
 #include "simulation/LauncherRun.h"
-#include "simulation/Names.h"
 #include "simulation/NoUi.h"
 #include "simulation/RecordingFileSystem.h"
 #include "simulation/RecordingRegistry.h"
-#include "simulation/RegFileText.h"
+#include "simulation/pc/DescribedPc.h"
+#include "simulation/pc/Names.h"
+#include "simulation/pc/RegFileText.h"
 #include "text/Text.h"
 
 namespace tarvex {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "app/LaunchSwitches.h"
-#include "simulation/PcDescription.h"
+#include "simulation/pc/PcDescription.h"
 #include "text/Text.h"
 
 namespace tarvex {

@@ -6,7 +6,7 @@
 
 #include "platform/FileStore.h"
 #include "platform/FolderListing.h"
-#include "simulation/PcFile.h"
+#include "simulation/pc/PcFile.h"
 
 namespace tarvex {
 

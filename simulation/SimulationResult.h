@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "branding/BrandConstants.h"
-#include "simulation/DescribedPc.h"
 #include "simulation/LauncherRun.h"
-#include "simulation/PcFile.h"
+#include "simulation/pc/DescribedPc.h"
+#include "simulation/pc/PcFile.h"
 
 namespace tarvex {
 

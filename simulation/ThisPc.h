@@ -6,7 +6,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/Registry.h"
-#include "simulation/PcDescription.h"
+#include "simulation/pc/PcDescription.h"
 #include "text/TextCodec.h"
 
 namespace tarvex {

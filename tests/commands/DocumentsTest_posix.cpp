@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "commands/CommandHelp.h"
-#include "configurator/Finding.h"
+#include "configurator/checks/Finding.h"
 #include "text/Text.h"
 
 namespace tarvex {

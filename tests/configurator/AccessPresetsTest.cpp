@@ -1,6 +1,6 @@
 #include "configurator/AccessPresets.h"
 
-#include "tests/configurator/CheckTesting.h"
+#include "tests/configurator/checks/CheckTesting.h"
 
 namespace tarvex {
 namespace {

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "configurator/BrandWriter.h"
-#include "configurator/ProgramFields.h"
-#include "configurator/ProgramResources.h"
 #include "configurator/SettingsDifference.h"
 #include "configurator/SettingsFile.h"
 #include "configurator/SettingsSource.h"
+#include "configurator/program/ProgramFields.h"
+#include "configurator/program/ProgramResources.h"
 #include "tests/configurator/ConfiguratorWorld.h"
 #include "tests/support/IconBytes.h"
 #include "text/Text.h"

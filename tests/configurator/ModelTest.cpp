@@ -5,7 +5,7 @@
 #include <set>
 
 #include "configurator/FieldTexts.h"
-#include "configurator/ProgramFields.h"
+#include "configurator/program/ProgramFields.h"
 #include "text/TextCodec1252.h"
 
 namespace tarvex {
