@@ -121,7 +121,8 @@ std::vector<CommandInfo> MakeTable() {
            Words::None},
           {Option::Text, "text", u"",
            u"zeigt auch bei mehreren PCs den ganzen Text des Probelaufs"},
-          kJson},
+          kJson,
+          kCodepage},
          u"Ein PC ist eine Beschreibungsdatei (*.pc) oder ein Ordner mit solchen. Rückgabe 0, "
          u"wenn\n"
          u"auf allen gestartet wird oder alles wie erwartet ausgeht.\n"},

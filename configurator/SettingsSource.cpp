@@ -6,6 +6,7 @@
 #include "configurator/FileTexts.h"
 #include "configurator/LauncherImage.h"
 #include "configurator/SettingsFile.h"
+#include "configurator/checks/Checks.h"
 #include "configurator/program/ProgramFields.h"
 #include "configurator/program/ProgramResources.h"
 #include "text/Text.h"
@@ -34,6 +35,7 @@ LoadedSettings LoadSettings(std::string_view bytes, std::u16string_view name,
     if (loaded.problems.empty()) {
         loaded.settings = ReadSettings(image, name, codec, loaded.problems);
         AddProgramSettings(ProgramResources::Read(bytes), loaded.settings);
+        loaded.warnings = CheckVersion(image, name);
     }
     return loaded;
 }

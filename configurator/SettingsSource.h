@@ -12,7 +12,9 @@ namespace tarvex {
 struct LoadedSettings {
     Settings settings;  ///< what could be read
     Problems problems;  ///< what could not
-    Findings warnings;  ///< of a settings file: what was read but is probably not meant
+    /// Of a settings file: what was read but is probably not meant; of a launcher: fields that it
+    /// or this program does not have.
+    Findings warnings;
     bool isProgram = false;
     bool branded = false;  ///< a settings file always is
 };

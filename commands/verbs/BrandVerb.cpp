@@ -1,3 +1,4 @@
+#include <memory>
 #include <utility>
 
 #include "commands/verbs/EnteredSettings.h"
@@ -83,7 +84,18 @@ Collected Collect(CommandContext& context, const CommandLine& line, const Output
 int Brand(CommandContext& context, const CommandLine& line) {
     const std::u16string& source = line.arguments[0];
     const std::u16string& output = line.arguments[1];
-    const OutputRules rules = RulesFor(line);
+    OutputRules rules = RulesFor(line);
+    // A launcher that is renewed in its place must not change between reading and replacing it.
+    std::unique_ptr<FileLock> lock;
+    if (rules.force && line.Has(Option::From) && !line.Has(Option::DryRun) &&
+        context.Store().IsSameFile(output, rules.mayReplace)) {
+        Problems problems;
+        lock = LockForChange(context.Store(), output, problems);
+        if (lock == nullptr) {
+            return context.Finish(problems, {});
+        }
+        rules.held = lock.get();
+    }
     Collected collected = Collect(context, line, rules);
     if (!collected.problems.empty()) {
         return context.Finish(collected.problems, {});

@@ -1,4 +1,5 @@
 #include "commands/Json.h"
+#include "commands/verbs/FindingReport.h"
 #include "commands/verbs/ShownSettings.h"
 #include "commands/verbs/Verbs.h"
 #include "text/Text.h"
@@ -65,6 +66,7 @@ int Show(CommandContext& context, const CommandLine& line) {
         }
         context.Out(out);
     }
+    TellFindings(context, loaded.warnings, true);
     return context.Finish(loaded.problems, {});
 }
 

@@ -37,6 +37,13 @@ Findings CheckLauncher(const LauncherImage& image, std::u16string_view place) {
         findings.push_back(
             {u"not-branded", {file, 0, {}, u"Das Startprogramm ist noch nicht konfiguriert."}});
     }
+    Append(findings, CheckVersion(image, place));
+    return findings;
+}
+
+Findings CheckVersion(const LauncherImage& image, std::u16string_view place) {
+    const std::u16string file(place);
+    Findings findings;
     if (!image.MissingMarks().empty()) {
         findings.push_back(
             {u"mark-missing",

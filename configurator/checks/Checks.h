@@ -26,4 +26,8 @@ Findings CheckSettings(const Settings& settings, std::u16string_view place,
 /// launcher of this version.
 Findings CheckLauncher(const LauncherImage& image, std::u16string_view place);
 
+/// The part of CheckLauncher that says which fields the launcher lacks, or has beyond those that
+/// are known here.
+Findings CheckVersion(const LauncherImage& image, std::u16string_view place);
+
 }  // namespace tarvex

@@ -463,6 +463,33 @@ TEST_F(CommandsTest, OldLauncherIsRenewedInItsPlaceWithForceOnly) {
               u"tarvexcf: T.exe: Die Ausgabe wäre dieselbe Datei wie die Eingabe 'T.exe'.\n");
 }
 
+TEST_F(CommandsTest, OldLauncherIsLockedFromReadingToReplacing) {
+    EXPECT_EQ(world_.Brand(u"AccPath = .\nAppName = alt\nDBFilename = a.mdb\n"), 0);
+    world_.store.log.clear();
+    EXPECT_EQ(world_.Run({u"brand", u"T.exe", u"K.exe", u"--from", u"K.exe", u"--force"}), 0);
+    const auto& log = world_.store.log;
+    const auto locked = std::find(log.begin(), log.end(), u"lock K.exe");
+    ASSERT_NE(locked, log.end());
+    EXPECT_LT(locked, std::find(log.begin(), log.end(), u"read K.exe"));
+    EXPECT_EQ(std::count(log.begin(), log.end(), u"lock K.exe"), 1);
+    EXPECT_EQ(world_.store.HeldLocks(), 0U);
+}
+
+TEST_F(CommandsTest, ShowNamesTheFieldsOfAnotherVersion) {
+    SyntheticLauncher other;
+    other.marks.push_back({50, 20, u"Neu", u"etwas", 0});
+    std::erase_if(other.marks, [](const SyntheticMark& mark) { return mark.name == u"Cmd"; });
+    other.marker = u"@#BRANDED1#@";
+    world_.files.AddFile(u"A.exe", other.Build());
+    EXPECT_EQ(world_.Run({u"show", u"A.exe"}), 0);
+    EXPECT_EQ(console_.err,
+              u"tarvexcf: A.exe: Hinweis: Das Startprogramm ist von einer anderen Version und hat "
+              u"diese Felder nicht: Cmd. [mark-missing]\n"
+              u"tarvexcf: A.exe: Hinweis: Das Startprogramm ist von einer anderen Version und hat "
+              u"Felder, die hier unbekannt sind und bleiben, wie sie sind: 050 Neu. "
+              u"[mark-unknown]\n");
+}
+
 TEST_F(CommandsTest, WhatCannotBeCarriedStopsTheRun) {
     SyntheticLauncher newer;
     newer.marks.push_back({50, 20, u"Neu", u"etwas", 0});
