@@ -40,13 +40,6 @@ protected:
                 {kFieldRuntime, u"1"}};
     }
 
-    static Values With(Values values, const Values& more) {
-        for (const auto& [field, value] : more) {
-            values[field] = value;
-        }
-        return values;
-    }
-
     /// Runs one launch with these settings and arguments.
     void Launch(const Values& values, std::u16string arguments = {}) {
         constants = FakeBrandConstants(values);

@@ -45,13 +45,6 @@ protected:
                 {kFieldPwd, u"a/b"}};
     }
 
-    static Values With(Values values, const Values& more) {
-        for (const auto& [field, value] : more) {
-            values[field] = value;
-        }
-        return values;
-    }
-
     LaunchOutcome Run(const Values& values, std::u16string arguments = {}) {
         return Run(FakeBrandConstants(values), std::move(arguments));
     }

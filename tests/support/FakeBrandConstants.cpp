@@ -27,4 +27,12 @@ FakeBrandConstants::FakeBrandConstants(const Values& plainValues) {
     }
 }
 
+FakeBrandConstants::Values With(FakeBrandConstants::Values values,
+                                const FakeBrandConstants::Values& more) {
+    for (const auto& [field, value] : more) {
+        values[field] = value;
+    }
+    return values;
+}
+
 }  // namespace tarvex

@@ -26,4 +26,8 @@ public:
     std::u16string marker = u"@#BRANDED1#@";
 };
 
+/// The values with those of `more` over them.
+FakeBrandConstants::Values With(FakeBrandConstants::Values values,
+                                const FakeBrandConstants::Values& more);
+
 }  // namespace tarvex
