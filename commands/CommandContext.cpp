@@ -22,7 +22,7 @@ LoadedSettings CommandContext::Load(const std::u16string& file) const {
     const std::optional<std::string> bytes = Read(file, problems);
     if (bytes) {
         LoadedSettings loaded = LoadSettings(*bytes, file, Codec());
-        Append(loaded.problems, LoadIcon(Store(), FolderOf(file), file, loaded.settings));
+        Append(loaded.problems, LoadIconFile(Store(), FolderOf(file), file, loaded.settings));
         return loaded;
     }
     LoadedSettings nothing;

@@ -49,8 +49,8 @@ std::u16string IconPath(std::u16string_view folder, std::u16string_view given) {
     return std::u16string(folder) + (folder.ends_with(u'/') ? u"" : u"/") + path;
 }
 
-Problems LoadIcon(FileStore& store, std::u16string_view folder, std::u16string_view place,
-                  Settings& settings) {
+Problems LoadIconFile(FileStore& store, std::u16string_view folder, std::u16string_view place,
+                      Settings& settings) {
     const std::u16string_view given = settings.Value(kFieldIconFile);
     if (given.empty() || !settings.Icon().empty()) {
         return {};

@@ -30,8 +30,8 @@ LoadedSettings LoadSettings(std::string_view bytes, std::u16string_view name,
 /// Reads the icon file that settings name into them, when they name one and have no icon yet. A
 /// relative path starts at `folder`, "/" or "\\" between its parts; an empty one is the current
 /// folder. The problem that is returned names `place`, where the settings are from.
-Problems LoadIcon(FileStore& store, std::u16string_view folder, std::u16string_view place,
-                  Settings& settings);
+Problems LoadIconFile(FileStore& store, std::u16string_view folder, std::u16string_view place,
+                      Settings& settings);
 
 /// The path of such a file as this system knows it.
 std::u16string IconPath(std::u16string_view folder, std::u16string_view given);

@@ -38,7 +38,7 @@ void ReadSettingsFile(CommandContext& context, const std::u16string& file, Colle
         ParsedSettings parsed = ParseSettings(*bytes, file, context.Codec());
         Append(collected.problems, std::move(parsed.problems));
         Append(collected.problems,
-               LoadIcon(context.Store(), FolderOf(file), file, parsed.settings));
+               LoadIconFile(context.Store(), FolderOf(file), file, parsed.settings));
         collected.settings.SetAll(parsed.settings);
         Append(collected.findings, std::move(parsed.warnings));
     }

@@ -65,7 +65,7 @@ Problems EnterSettings(CommandContext& context, const std::vector<Assignment>& a
             report(problem);
         }
     }
-    Append(problems, LoadIcon(context.Store(), {}, place, entered));
+    Append(problems, LoadIconFile(context.Store(), {}, place, entered));
     settings.SetAll(entered);
     return problems;
 }

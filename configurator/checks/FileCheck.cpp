@@ -22,8 +22,8 @@ Findings CheckFile(std::string_view bytes, std::u16string_view name, const TextC
         findings = AsFindings(u"settings-file", std::move(loaded.problems));
         Append(findings, std::move(loaded.warnings));
         if (folder.store != nullptr) {
-            Append(findings, AsFindings(u"icon-file", LoadIcon(*folder.store, folder.path, name,
-                                                               loaded.settings)));
+            Append(findings, AsFindings(u"icon-file", LoadIconFile(*folder.store, folder.path, name,
+                                                                   loaded.settings)));
         }
     }
     if (!loaded.settings.Entries().empty()) {

@@ -185,19 +185,19 @@ TEST_F(BrandProgramTest, IconIsReadRelativeToTheSettingsFile) {
     world_.files.AddFile(u"v/a.ico", Icon());
     Settings settings;
     settings.Set(kFieldIconFile, u"a.ico", 7);
-    EXPECT_EQ(Lines(LoadIcon(world_.store, u"v", u"v/K.ini", settings)), Texts());
+    EXPECT_EQ(Lines(LoadIconFile(world_.store, u"v", u"v/K.ini", settings)), Texts());
     EXPECT_EQ(settings.Icon(), Icon());
     Settings none;
-    EXPECT_EQ(Lines(LoadIcon(world_.store, u"v", u"v/K.ini", none)), Texts());
+    EXPECT_EQ(Lines(LoadIconFile(world_.store, u"v", u"v/K.ini", none)), Texts());
 }
 
 TEST_F(BrandProgramTest, IconThatCannotBeUsedIsNamedWithItsFile) {
     Settings settings;
     settings.Set(kFieldIconFile, u"a.ico", 7);
-    EXPECT_EQ(Lines(LoadIcon(world_.store, u"v", u"v/K.ini", settings)),
+    EXPECT_EQ(Lines(LoadIconFile(world_.store, u"v", u"v/K.ini", settings)),
               Texts({u"v/K.ini, Zeile 7, IconFile: v/a.ico: Die Datei ist nicht vorhanden."}));
     world_.files.AddFile(u"v/a.ico", "GIF89a");
-    EXPECT_EQ(Lines(LoadIcon(world_.store, u"v", u"v/K.ini", settings)),
+    EXPECT_EQ(Lines(LoadIconFile(world_.store, u"v", u"v/K.ini", settings)),
               Texts({u"v/K.ini, Zeile 7, IconFile: v/a.ico: Die Datei ist keine Symboldatei "
                      u"(.ico)."}));
 }
