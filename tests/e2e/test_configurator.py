@@ -216,7 +216,7 @@ def test_check_reports_what_is_not_meant(program, folder):
     for file, place in (("K.ini", "K.ini, Zeile 1, "), ("K.exe", "K.exe, ")):
         result = program.run(folder, "check", file)
         assert result.code == 1
-        assert f"{place}Pwd: Das Kennwort wird nicht verwendet" in result.err
+        assert f"{place}Pwd: Warnung: Das Kennwort wird nicht verwendet" in result.err
         assert len(result.err.splitlines()) == 4, result
     write(folder, "gut.ini", "DBFilename = Kunden.mdb\nAccPath = C:\\Office\n")
     result = program.run(folder, "check", "gut.ini")
@@ -262,7 +262,8 @@ def other_machine(data):
 
 def break_mark(data):
     mark = brandfile.BrandFile(bytes(data)).mark("DBPath")
-    data[mark.start : mark.start + 2] = b"x\0"
+    width = data.index("|0255|".encode("utf-16-le"), mark.start)
+    data[width + 8 : width + 10] = b"4\0"
 
 
 @pytest.mark.parametrize(
@@ -270,7 +271,11 @@ def break_mark(data):
     [
         (sign, "T.exe: Die Datei trägt eine Signatur; erst konfigurieren, dann signieren."),
         (other_machine, "T.exe: Die Datei ist kein 32-Bit-Programm für Windows."),
-        (break_mark, "T.exe, DBPath: Die Marke 013 fehlt."),
+        (
+            break_mark,
+            "T.exe, DBPath: Die Marke 013 ist beschädigt: sie heißt 'DBPath' mit 254 Zeichen statt "
+            "'DBPath' mit 255.",
+        ),
     ],
 )
 def test_files_that_must_not_be_changed_are_refused(program, folder, template, change, message):
