@@ -130,7 +130,7 @@ Problems BrandWriter::Write(Purpose purpose, std::u16string_view source, std::u1
     try {
         const std::string bytes = store_.ReadAll(source);
         const LauncherImage image = LauncherImage::Read(bytes, source);
-        const Problems problems = Refusals(purpose, image, source, settings);
+        Problems problems = Refusals(purpose, image, source, settings);
         if (!problems.empty()) {
             return problems;
         }

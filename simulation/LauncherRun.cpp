@@ -106,7 +106,7 @@ std::u16string Found(std::u16string (*step)(LaunchRun&), const LaunchEnvironment
     }
 }
 
-std::u16string WithoutQuotes(std::u16string path) {
+std::u16string WithoutQuotes(const std::u16string& path) {
     return path.size() < 2 ? path : path.substr(1, path.size() - 2);
 }
 
@@ -216,9 +216,10 @@ std::u16string WithoutCredentials(const LaunchOutcome& outcome, std::u16string_v
     for (const auto& [lead, mask, value] : credentials) {
         // The argument as Access gets it may hold quotes and blanks of its own.
         const std::u16string real = Quote(EscapeCredential(value));
-        masked = value.empty() ? masked
-                               : text::Replace(masked, std::u16string(lead) + real,
-                                               std::u16string(lead) + Quote(mask));
+        if (!value.empty()) {
+            masked = text::Replace(masked, std::u16string(lead).append(real),
+                                   std::u16string(lead).append(Quote(mask)));
+        }
         masked = MaskArgument(masked, lead, mask);
     }
     return masked;

@@ -50,7 +50,7 @@ std::vector<std::u16string> FilesOf(const FolderListing& folders,
         std::sort(names->begin(), names->end());
         const bool closed = path.ends_with(u'/') || path.ends_with(u'\\');
         for (const std::u16string& name : *names) {
-            add(path + (closed ? u"" : u"/") + name);
+            add(std::u16string(path).append(closed ? u"" : u"/").append(name));
         }
     }
     return files;

@@ -23,7 +23,7 @@ void CheckIcon(CheckRun& run) {
             })) {
             const std::u16string number = text::Decimal(size);
             run.Report(u"icon-size-missing", kFieldIconFile,
-                       u"Dem Symbol fehlt ein Bild von " + number + u" x " + number +
+                       (u"Dem Symbol fehlt ein Bild von " + number).append(u" x ").append(number) +
                            u" mit 32 Bit Farbtiefe; Windows zeigt an dessen Stelle ein anderes, "
                            u"verkleinert oder vergrößert.");
         }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -14,7 +13,10 @@ struct WindowsVersion {
     std::int32_t major = 10;
     std::int32_t minor = 0;
 
-    auto operator<=>(const WindowsVersion&) const = default;
+    bool operator==(const WindowsVersion&) const = default;
+    bool IsBefore(const WindowsVersion& other) const {
+        return major < other.major || (major == other.major && minor < other.minor);
+    }
 };
 
 /// A registry file and who wrote it.

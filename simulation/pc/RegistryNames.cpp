@@ -130,7 +130,7 @@ std::u16string_view NodeParent(std::u16string_view name) {
 }  // namespace
 
 RegistryNames::RegistryNames(bool is64Bit, WindowsVersion windows, std::u16string_view user)
-    : is64Bit_(is64Bit), isBefore7_(windows < WindowsVersion{6, 1}), user_(user) {}
+    : is64Bit_(is64Bit), isBefore7_(windows.IsBefore({6, 1})), user_(user) {}
 
 std::optional<std::u16string> RegistryNames::Normalise(std::u16string_view name) const {
     std::u16string result;

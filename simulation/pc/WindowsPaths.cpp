@@ -198,7 +198,7 @@ std::u16string PathOf32BitProgram(std::u16string_view fullPath, WindowsVersion w
     }
     const std::u16string_view name = below->substr(1);
     const std::u16string windowsFolder(fullPath.substr(0, fullPath.size() - name.size()));
-    if (const auto rest = After(name, u"Sysnative"); rest && windows >= WindowsVersion{6, 0}) {
+    if (const auto rest = After(name, u"Sysnative"); rest && !windows.IsBefore({6, 0})) {
         return windowsFolder + u"System32" + std::u16string(*rest);
     }
     const auto rest = After(name, u"System32");

@@ -254,7 +254,7 @@ TEST(LauncherImageTest, MarkAndMarkerThatEndWithTheLastWholeBlockAreFoundByTheWr
         launcher.markerStart = markerStart;
         return Read(launcher.Build()).ChangeProblems().size();
     };
-    const std::size_t header = 2 * (18 + 3);
+    const std::size_t header = 42;  // 21 characters
     EXPECT_EQ(changeProblems(98304 - header, 1024), 0U);
     EXPECT_EQ(changeProblems(98304 - header + 2, 1024), 1U);
     EXPECT_EQ(changeProblems(0, 98304 - 24), 0U);

@@ -53,7 +53,7 @@ protected:
         LauncherRun run(constants,
                         {registry, files, codec, codec, TestProgram(std::move(arguments))});
         files.run = &run;
-        const LaunchOutcome outcome = run.Run();
+        LaunchOutcome outcome = run.Run();
         files.run = nullptr;
         return outcome;
     }

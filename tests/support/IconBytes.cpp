@@ -31,8 +31,8 @@ std::uint32_t Checksum(std::string_view bytes) {
 
 std::string BitmapImage(std::uint32_t width, std::uint32_t height, std::uint32_t bits, char fill) {
     const std::size_t palette = bits <= 8 ? std::size_t{4} << bits : 0;
-    const std::size_t pixels = std::size_t{height} * ((width * bits + 31) / 32 * 4);
-    const std::size_t mask = std::size_t{height} * ((width + 31) / 32 * 4);
+    const std::size_t pixels = std::size_t{height} * ((width * bits + 31) / 32) * 4;
+    const std::size_t mask = std::size_t{height} * ((width + 31) / 32) * 4;
     return Little(40, 4) + Little(width, 4) + Little(2 * height, 4) + Little(1, 2) +
            Little(bits, 2) + std::string(24, '\0') + std::string(palette, '\x22') +
            std::string(pixels, fill) + std::string(mask, '\0');

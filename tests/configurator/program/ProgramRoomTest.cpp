@@ -109,9 +109,10 @@ TEST(ProgramRoomTest, MissingImageEntryIsFound) {
     const std::string bytes = Launcher();
     const std::size_t root = PeResources::Read(bytes).Section().start;
     // The directory of the icons, whose last number becomes 13.
-    const std::size_t numbers = root + 16 + 8 * 5;
+    const std::size_t numbers = root + 16 + std::size_t{8} * 5;
     ASSERT_EQ(bytes[numbers + 14], 12);
-    EXPECT_EQ(ProgramRoom::Read(Changed(bytes, numbers + 16 + 8 * 11, "\x0d")).problem, kMoved);
+    EXPECT_EQ(ProgramRoom::Read(Changed(bytes, numbers + 16 + std::size_t{8} * 11, "\x0d")).problem,
+              kMoved);
 }
 
 TEST(ProgramRoomTest, OtherResourceInTheRoomIsFound) {
