@@ -25,7 +25,11 @@ echo "== 1. The vendor configures a copy of the launcher"
 sample_install
 
 echo
-echo "== 2. The start picture, as the user sees it"
+echo "== 2. What it will do on three PCs that are only described"
+dist/linux/tarvexcf simulate "$sample_folder/Kunden.exe" samples/pcs
+
+echo
+echo "== 3. The start picture, as the user sees it"
 {
     sample_start /T
     printf 'appear\tclass=frmStart\n'
@@ -35,7 +39,7 @@ echo "== 2. The start picture, as the user sees it"
 echo "   (Screenshot: $pictures/startbild.png)"
 
 echo
-echo "== 3. Dry run: Kunden.exe /T"
+echo "== 4. Dry run: Kunden.exe /T"
 {
     sample_start /T
     printf 'window\ttitle=Tarvex - Debug\n'
@@ -44,7 +48,7 @@ echo "== 3. Dry run: Kunden.exe /T"
 } | drive_windows testlauf.png
 
 echo
-echo "== 4. Real start: Kunden.exe"
+echo "== 5. Real start: Kunden.exe"
 (
     cd "$sample_folder"
     timeout 60 wine Kunden.exe
@@ -59,7 +63,7 @@ echo "The log file Kunden.log:"
 iconv -f CP1252 -t UTF-8 "$sample_folder/Kunden.log" | sed 's/^/    /'
 
 echo
-echo "== 5. Failing start: the database is gone; the user presses Details"
+echo "== 6. Failing start: the database is gone; the user presses Details"
 mv "$sample_folder/Daten/Kunden.mdb" "$sample_folder/Daten/Kunden.alt"
 {
     sample_start
@@ -71,7 +75,7 @@ mv "$sample_folder/Daten/Kunden.mdb" "$sample_folder/Daten/Kunden.alt"
 mv "$sample_folder/Daten/Kunden.alt" "$sample_folder/Daten/Kunden.mdb"
 
 echo
-echo "== 6. Diagnostic information: Kunden.exe /D Diagnose"
+echo "== 7. Diagnostic information: Kunden.exe /D Diagnose"
 {
     sample_start '/D Diagnose'
     printf 'window\ttitle=Tarvex - Debug\n'

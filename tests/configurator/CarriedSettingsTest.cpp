@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "branding/Scrambling.h"
 #include "configurator/BrandWriter.h"
 #include "tests/configurator/ConfiguratorWorld.h"
 
@@ -47,6 +48,16 @@ TEST_F(CarriedSettingsTest, AllThatIsSetGoesAlongWithPasswords) {
     EXPECT_EQ(carried.settings.Entries().size(), 4U);
     EXPECT_EQ(carried.settings.Value(kFieldAppName), u"Grün");
     EXPECT_EQ(carried.settings.Value(kFieldPwd), u"geheim");
+}
+
+TEST_F(CarriedSettingsTest, SignedLauncherCanBeRead) {
+    SyntheticLauncher signedOne;
+    signedOne.signatureSize = 512;
+    signedOne.marker = u"@#BRANDED1#@";
+    signedOne.Mark(u"AppName").value = ScrambleBrandValue(u"alt", world_.codec);
+    const CarriedSettings carried = Carry(signedOne.Build(), target_);
+    EXPECT_EQ(Lines(carried.problems), std::vector<std::u16string>());
+    EXPECT_EQ(carried.settings.Value(kFieldAppName), u"alt");
 }
 
 TEST_F(CarriedSettingsTest, FieldThatTheTemplateLacksStopsUnlessItIsDropped) {
