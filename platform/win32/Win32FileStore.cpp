@@ -26,14 +26,14 @@ void Flush(const std::u16string& path) {
 
 /// Throws the failure of the open of `path` that was made last.
 [[noreturn]] void ThrowOpenFailure(const std::u16string& path) {
-    const FileFailure failure = FileFailureOf(GetLastError());
+    const FileProblem problem = FileFailureOf(GetLastError()).problem;
     const DWORD attributes = GetFileAttributesW(Wide(path));
     // A folder is answered like a missing right.
-    if (failure.problem == FileProblem::AccessDenied && attributes != INVALID_FILE_ATTRIBUTES &&
+    if (problem == FileProblem::AccessDenied && attributes != INVALID_FILE_ATTRIBUTES &&
         (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         throw FileFailure{FileProblem::IsFolder};
     }
-    throw failure;
+    throw FileFailure{problem};
 }
 
 /// Opens an existing file that others may read meanwhile.
@@ -64,13 +64,13 @@ void Rename(const std::u16string& source, const std::u16string& target) {
                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
             return;
         }
-        const FileFailure failure = FileFailureOf(GetLastError());
-        if (failure.problem == FileProblem::AccessDenied && IsHeldOpen(target)) {
+        const FileProblem problem = FileFailureOf(GetLastError()).problem;
+        if (problem == FileProblem::AccessDenied && IsHeldOpen(target)) {
             throw FileFailure{FileProblem::InUse};
         }
         // Whoever held it may have closed it between the two calls.
-        if (failure.problem != FileProblem::AccessDenied || !again) {
-            throw failure;
+        if (problem != FileProblem::AccessDenied || !again) {
+            throw FileFailure{problem};
         }
     }
 }

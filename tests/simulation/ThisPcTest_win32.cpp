@@ -19,7 +19,7 @@ TEST_F(ThisPcTest, CodePageIsThatOfTheSystem) {
 }
 
 TEST_F(ThisPcTest, VersionIsThatOfTheSystem) {
-    EXPECT_GE(pc->Version(), (WindowsVersion{5, 1}));
+    EXPECT_FALSE(pc->Version().IsBefore({5, 1}));
 }
 
 TEST_F(ThisPcTest, RelativePathsBeginInTheFolderThatWasEntered) {
