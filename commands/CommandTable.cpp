@@ -130,7 +130,7 @@ std::vector<CommandInfo> MakeTable() {
          u"collect",
          u"beschreibt diesen PC für 'simulate', so weit das Startprogramm danach fragt",
          {kProgram, {u"ORDNER", Words::Folders}},
-         {{Option::Force, "force", u"", u"ersetzt eine vorhandene Beschreibung"}, kQuiet},
+         {{Option::Force, "force", u"", u"ersetzt eine vorhandene Beschreibung"}, kDryRun, kQuiet},
          u"Nur unter Windows. Die Dateien sind lesbarer Text; es steht nichts darin, wonach das\n"
          u"Startprogramm nicht fragt.\n"},
         {CommandKind::Fields,

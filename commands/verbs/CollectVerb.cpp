@@ -6,6 +6,7 @@
 #include "configurator/OutputFile.h"
 #include "simulation/Collector.h"
 #include "simulation/StoredConstants.h"
+#include "text/Text.h"
 
 namespace tarvex {
 namespace {
@@ -20,15 +21,18 @@ std::vector<std::u16string> PresetEntries() {
 }
 
 /// The finished files by their paths in the folder, the description last: it is there only when
-/// those are that it names.
+/// those are that it names. With `dryRun` nothing is written, only judged.
 Problems WriteAll(CommandContext& context, const std::vector<CollectedFile>& files,
-                  const std::u16string& folder, const OutputRules& rules) {
+                  const std::u16string& folder, const OutputRules& rules, bool dryRun) {
     const auto path = [&folder](const CollectedFile& file) {
         return folder + (folder.ends_with(u'\\') ? u"" : u"\\") + file.name;
     };
     Problems problems;
     for (const CollectedFile& file : files) {
         Append(problems, CheckOutput(context.Store(), path(file), rules));
+    }
+    if (dryRun) {
+        return problems;
     }
     Problems notes;
     for (auto file = files.rbegin(); file != files.rend() && problems.empty(); ++file) {
@@ -58,6 +62,7 @@ int Collect(CommandContext& context, const CommandLine& line) {
     if (problems.empty() && !image.IsBranded()) {
         problems.push_back({file, 0, {}, u"Das Startprogramm ist noch nicht konfiguriert."});
     }
+    const bool dryRun = line.Has(Option::DryRun);
     if (problems.empty()) {
         const std::u16string fullFolder = pc->FullPath(folder);
         const std::vector<CollectedFile> files =
@@ -65,9 +70,13 @@ int Collect(CommandContext& context, const CommandLine& line) {
                       PresetEntries());
         OutputRules rules;
         rules.force = line.Has(Option::Force);
-        problems = WriteAll(context, files, fullFolder, rules);
+        problems = WriteAll(context, files, fullFolder, rules, dryRun);
+        if (problems.empty() && dryRun) {
+            context.Out(text::FromUtf8(files.front().bytes));
+        }
     }
-    return context.Finish(problems, folder + u": Die Beschreibung ist geschrieben.");
+    return context.Finish(problems, folder + (dryRun ? u": Die Beschreibung würde geschrieben."
+                                                     : u": Die Beschreibung ist geschrieben."));
 }
 
 }  // namespace tarvex

@@ -61,6 +61,11 @@ def test_collected_description_is_replaced_only_with_force(world):
     folder.mkdir()
     place = launcher.windows_path(folder)
     collect = ("collect", world.exe, place)
+    result = program.run(world.work, *collect, "--dry-run")
+    assert (result.code, result.err) == (0, "")
+    assert "\nStartprogramm = " + world.path(r"\Prog\Start.exe") + "\n" in result.out
+    assert result.out.endswith(f"{place}: Die Beschreibung würde geschrieben.\n")
+    assert list(folder.iterdir()) == []
     result = program.run(world.work, *collect)
     assert (result.code, result.out, result.err) == (
         0,
