@@ -87,19 +87,19 @@ private:
             result_.arguments.push_back(Original(optarg));
             return {};
         }
-        if (found == ':') {
-            return arguments_[last] + u" braucht einen Wert.";
-        }
         if (found < kFirstOption) {
             const std::u16string& typed = arguments_[last];
             if (optopt >= kFirstOption) {
-                return std::u16string(text::Left(typed, typed.find(u'='))) + u" nimmt keinen Wert.";
+                // A missing value and one too many are told apart differently by each system.
+                const bool takesNone = OptionOf(optopt).value.empty();
+                return std::u16string(text::Left(typed, typed.find(u'='))) +
+                       (takesNone ? u" nimmt keinen Wert." : u" braucht einen Wert.");
             }
             // Of several letters in one argument the place is still that of the argument before.
             const std::u16string letter{u'-', static_cast<char16_t>(optopt)};
             return u"unbekannt ist '" + (optopt != 0 ? letter : typed) + u"'.";
         }
-        const OptionInfo& option = info_.options[static_cast<std::size_t>(found - kFirstOption)];
+        const OptionInfo& option = OptionOf(found);
         std::vector<std::u16string>& values = result_.options[option.option];
         if (option.value.empty()) {
             values = {u""};
@@ -112,7 +112,11 @@ private:
         return {};
     }
 
-    /// The text behind a pointer into one of the narrow arguments.
+    const OptionInfo& OptionOf(int result) const {
+        return info_.options[static_cast<std::size_t>(result - kFirstOption)];
+    }
+
+    /// The text at a pointer into one of the narrow arguments.
     std::u16string Original(const char* place) const {
         for (std::size_t i = 0; i < narrow_.size(); ++i) {
             const char* const start = narrow_[i].data();

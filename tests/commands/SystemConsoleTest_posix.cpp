@@ -119,6 +119,9 @@ private:
 pid_t StartPrompt(const Terminal& terminal) {
     const pid_t child = fork();
     if (child == 0) {
+        // Whoever runs the tests may have them ignored.
+        std::signal(SIGINT, SIG_DFL);
+        std::signal(SIGTERM, SIG_DFL);
         dup2(terminal.Program(), STDIN_FILENO);
         dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
         PreparePosixProgram();

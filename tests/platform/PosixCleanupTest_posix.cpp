@@ -28,6 +28,8 @@ protected:
 
 TEST_P(InterruptionTest, DeletesTheTemporaryFilesAndEndsTheProgramAsTheSignalDoes) {
     const int status = StatusOfProcess([this] {
+        // Whoever runs the tests may have it ignored.
+        std::signal(GetParam(), SIG_DFL);
         PreparePosixProgram();
         PosixFileStore store;
         store.WriteNewBeside(Target(), "neu");
@@ -43,6 +45,7 @@ TEST_P(InterruptionTest, DeletesTheTemporaryFilesAndEndsTheProgramAsTheSignalDoe
 
 TEST_P(InterruptionTest, LeavesWhatIsInItsPlace) {
     StatusOfProcess([this] {
+        std::signal(GetParam(), SIG_DFL);
         PreparePosixProgram();
         PosixFileStore store;
         store.PlaceNew(store.WriteNewBeside(Target(), "neu"), folder_.Path(u"b.exe"), {});
