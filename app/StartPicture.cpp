@@ -14,10 +14,6 @@ namespace {
 constexpr std::int32_t kDefaultDelay = 5000;
 constexpr std::u16string_view kNotThere = u"Bild nicht vorhanden an dieser Position";
 
-bool IsPictureName(std::u16string_view path) {
-    return text::EndsWithIgnoreCase(path, u".bmp") || text::EndsWithIgnoreCase(path, u".jpg");
-}
-
 std::optional<std::u16string> PathOf(DiagnosticLog& log, const KeyListEntry& entry,
                                      const std::u16string& value) {
     if (entry.fileName.empty()) {

@@ -60,10 +60,13 @@ std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view ext
     return JoinPath(program.folder, program.exeName + std::u16string(extension));
 }
 
+bool IsAbsoluteFolder(std::u16string_view folder) {
+    return folder.starts_with(u"\\\\") || text::Drop(folder, 1).starts_with(u":\\");
+}
+
 std::u16string RelToAbs(std::u16string_view folder, std::u16string_view launcherFolder,
                         DiagnosticLog* log) {
-    if (folder.empty() || folder.starts_with(u"\\\\") ||
-        text::Drop(folder, 1).starts_with(u":\\")) {
+    if (folder.empty() || IsAbsoluteFolder(folder)) {
         return AddSep(folder);
     }
     const auto addLog = [log](std::u16string_view label, std::u16string_view path) {
@@ -80,6 +83,10 @@ std::u16string RelToAbs(std::u16string_view folder, std::u16string_view launcher
     }
     addLog(u"Absoluter Pfad: ", result);
     return result;
+}
+
+bool IsPictureName(std::u16string_view path) {
+    return text::EndsWithIgnoreCase(path, u".bmp") || text::EndsWithIgnoreCase(path, u".jpg");
 }
 
 std::u16string_view FileNamePart(std::u16string_view path, bool slash) {

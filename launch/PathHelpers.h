@@ -19,6 +19,9 @@ std::u16string JoinPath(std::u16string_view folder, std::u16string_view name);
 /// CompanionPath(program, u".log") is "C:\Prog\Kunden.log" for C:\Prog\Kunden.exe.
 std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view extension);
 
+/// True for what RelToAbs takes for absolute: "\\server\..." and "C:\...".
+bool IsAbsoluteFolder(std::u16string_view folder);
+
 /// A configured folder as an absolute one that ends in "\". Absolute are folders that begin with
 /// "\\" or have ":\" after their first character; every other one starts at `launcherFolder`.
 /// Only a folder that begins with "..\" is walked level by level, never above a drive's root or a
@@ -26,6 +29,9 @@ std::u16string CompanionPath(const ProgramInfo& program, std::u16string_view ext
 /// steps taken for a relative folder are written to `log` when there is one.
 std::u16string RelToAbs(std::u16string_view folder, std::u16string_view launcherFolder,
                         DiagnosticLog* log = nullptr);
+
+/// True for the names of pictures that the launcher shows, which end in .bmp or .jpg.
+bool IsPictureName(std::u16string_view path);
 
 /// What follows the last "\" of a path, or the last "/" with `slash`; the whole path when it has
 /// none.

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "configurator/checks/CheckRun.h"
+#include "launch/PathHelpers.h"
 #include "launch/RegistryKeyList.h"
 #include "text/Text.h"
 
@@ -136,7 +137,7 @@ private:
         CheckPath(run_, number_, entry.fileName, PathUse::EntryFile);
         const bool isPicture = target_.path == kFieldPicPath;
         if (!entry.fileName.empty()) {
-            if (isPicture && !IsPictureFile(entry.fileName)) {
+            if (isPicture && !IsPictureName(entry.fileName)) {
                 run_.Report(u"picture-type", number_,
                             u"Der Bildtyp von " + Quoted(entry.fileName) +
                                 u" ist unbekannt; möglich sind .bmp und .jpg.");

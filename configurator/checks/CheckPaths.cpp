@@ -1,4 +1,5 @@
 #include "configurator/checks/CheckRun.h"
+#include "launch/PathHelpers.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -13,11 +14,6 @@ std::u16string WithBackslashes(std::u16string_view path) {
 
 bool IsLetter(char16_t unit) {
     return (unit >= u'A' && unit <= u'Z') || (unit >= u'a' && unit <= u'z');
-}
-
-/// "C:\x" or "\\server\x".
-bool IsAbsolute(std::u16string_view path) {
-    return path.starts_with(u"\\\\") || text::Drop(path, 1).starts_with(u":\\");
 }
 
 /// About a character that no name on a Windows disk has; true when there was one.
@@ -35,7 +31,7 @@ bool ReportCharacter(CheckRun& run, std::int32_t number, std::u16string_view pat
 void CheckForm(CheckRun& run, std::int32_t number, std::u16string_view path, PathUse use) {
     const std::u16string native = WithBackslashes(path);
     const bool isFile = use == PathUse::FileName || use == PathUse::EntryFile;
-    if (isFile && IsAbsolute(native)) {
+    if (isFile && IsAbsoluteFolder(native)) {
         run.Report(
             u"file-name-absolute", number,
             Quoted(path) +
@@ -43,7 +39,7 @@ void CheckForm(CheckRun& run, std::int32_t number, std::u16string_view path, Pat
                 u"zur Datei. Hier nur den Dateinamen angeben, den Ordner in seinem Feld.");
         return;
     }
-    if (use == PathUse::LauncherFolder && IsAbsolute(native) && !IsAbsolute(path)) {
+    if (use == PathUse::LauncherFolder && IsAbsoluteFolder(native) && !IsAbsoluteFolder(path)) {
         run.Report(u"path-slash-absolute", number,
                    Quoted(path) +
                        u" gilt als Ordner unter dem Startprogramm, weil '/' ihn trennt. "
@@ -56,7 +52,7 @@ void CheckForm(CheckRun& run, std::int32_t number, std::u16string_view path, Pat
                    Quoted(path) + u" enthält '/'; Ordner trennt unter Windows '\\'. Besser: " +
                        Quoted(native) + u".");
     }
-    const bool hasDrive = use == PathUse::LauncherFolder && IsAbsolute(path);
+    const bool hasDrive = use == PathUse::LauncherFolder && IsAbsoluteFolder(path);
     if (path.find(u':', hasDrive ? 2 : 0) != kNone) {
         run.Report(u"path-drive", number,
                    Quoted(path) +

@@ -50,10 +50,6 @@ void CheckSize(CheckRun& run) {
 
 }  // namespace
 
-bool IsPictureFile(std::u16string_view name) {
-    return text::EndsWithIgnoreCase(name, u".bmp") || text::EndsWithIgnoreCase(name, u".jpg");
-}
-
 void CheckPicture(CheckRun& run) {
     const bool hasList = run.HasKeyList(kPicRegList);
     const std::u16string_view file = run.Value(kFieldPicFilename);
@@ -61,7 +57,7 @@ void CheckPicture(CheckRun& run) {
         run.Report(u"picture-path-alone", kFieldPicPath,
                    u"Der Pfad wird nicht verwendet, solange PicFilename leer ist.");
     }
-    if (!file.empty() && !IsPictureFile(file)) {
+    if (!file.empty() && !IsPictureName(file)) {
         run.Report(u"picture-type", kFieldPicFilename,
                    u"Der Bildtyp von '" + std::u16string(file) +
                        u"' ist unbekannt; möglich sind .bmp und .jpg.");

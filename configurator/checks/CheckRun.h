@@ -77,9 +77,6 @@ std::u16string_view FindVariable(std::u16string_view text);
 bool CheckMarkers(CheckRun& run, std::int32_t number, std::u16string_view text,
                   const KeyListEntry& entry);
 
-/// Whether the launcher would show a file of that name as its picture.
-bool IsPictureFile(std::u16string_view name);
-
 // The checks by topic. Each adds its findings to the run.
 void CheckPathFields(CheckRun& run);
 void CheckKeyLists(CheckRun& run);
