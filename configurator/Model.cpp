@@ -176,13 +176,21 @@ std::size_t NameDistance(std::u16string_view a, std::u16string_view b) {
 }
 
 std::u16string UnknownNameText(std::u16string_view name) {
-    const std::vector<const BrandField*>& fields = FieldsByNumber();
-    const BrandField* nearest = *std::min_element(
-        fields.begin(), fields.end(), [name](const BrandField* a, const BrandField* b) {
-            return NameDistance(a->name, name) < NameDistance(b->name, name);
-        });
+    std::vector<std::u16string_view> known;
+    for (const BrandField* field : FieldsByNumber()) {
+        known.push_back(field->name);
+    }
+    return UnknownNameText(name, known);
+}
+
+std::u16string UnknownNameText(std::u16string_view name,
+                               const std::vector<std::u16string_view>& known) {
+    const auto nearest = std::min_element(known.begin(), known.end(),
+                                          [name](std::u16string_view a, std::u16string_view b) {
+                                              return NameDistance(a, name) < NameDistance(b, name);
+                                          });
     return u"Unbekannter Name '" + std::u16string(name) + u"'; gemeint ist vielleicht " +
-           std::u16string(nearest->name) + u".";
+           std::u16string(*nearest) + u".";
 }
 
 const std::vector<const BrandField*>& FieldsByNumber() {

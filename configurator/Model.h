@@ -84,6 +84,10 @@ std::size_t NameDistance(std::u16string_view a, std::u16string_view b);
 /// "Unbekannter Name 'DBPaht'; gemeint ist vielleicht DBPath."
 std::u16string UnknownNameText(std::u16string_view name);
 
+/// The same for another set of names, which is not empty.
+std::u16string UnknownNameText(std::u16string_view name,
+                               const std::vector<std::u16string_view>& known);
+
 /// All fields that settings can have, those of the program file included, sorted by their numbers.
 const std::vector<const BrandField*>& FieldsByNumber();
 

@@ -6,17 +6,13 @@
 #include <utility>
 #include <vector>
 
-#include "branding/BrandMark.h"
 #include "configurator/FieldTexts.h"
+#include "configurator/TextFile.h"
 #include "configurator/program/ProgramFields.h"
 #include "text/Text.h"
 
 namespace tarvex {
 namespace {
-
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view kUtf16Mark = "\xFF\xFE";
-constexpr std::string_view kSwappedUtf16Mark = "\xFE\xFF";
 
 /// After the blanks of an indented line: the rest is literal.
 constexpr char16_t kLiteralBar = u'|';
@@ -44,30 +40,10 @@ bool HoldsLines(const BrandField& field) {
 /// A line of the file; without text when its bytes are no UTF-8.
 using Line = std::optional<std::u16string>;
 
-template <typename Text>
-std::vector<Text> SplitLines(Text text) {
-    std::vector<Text> lines;
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        Text line = text.substr(0, end);
-        text.remove_prefix(end == Text::npos ? text.size() : end + 1);
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
-        lines.push_back(line);
-    }
-    return lines;
-}
-
-std::vector<Line> Utf16Lines(std::string_view bytes, bool swapped) {
-    std::u16string text = FromUtf16Bytes(bytes.substr(kUtf16Mark.size()));
-    if (swapped) {
-        for (char16_t& unit : text) {
-            unit = static_cast<char16_t>(unit >> 8U | unit << 8U);
-        }
-    }
+std::vector<Line> Utf16Lines(std::string_view bytes, bool highFirst) {
+    const std::u16string text = FromUtf16(bytes.substr(kUtf16Mark.size()), highFirst);
     std::vector<Line> lines;
-    for (const std::u16string_view line : SplitLines<std::u16string_view>(text)) {
+    for (const std::u16string_view line : TextLines(text)) {
         lines.emplace_back(line);
     }
     return lines;
@@ -78,7 +54,7 @@ std::vector<Line> Utf8Lines(std::string_view bytes) {
         bytes.remove_prefix(kUtf8Mark.size());
     }
     std::vector<Line> lines;
-    for (const std::string_view utf8 : SplitLines(bytes)) {
+    for (const std::string_view utf8 : TextLines(bytes)) {
         std::u16string line = text::FromUtf8(utf8);
         lines.push_back(text::ToUtf8(line) == utf8 ? Line(std::move(line)) : std::nullopt);
     }
@@ -86,8 +62,9 @@ std::vector<Line> Utf8Lines(std::string_view bytes) {
 }
 
 std::vector<Line> ReadLines(std::string_view bytes) {
-    const bool swapped = bytes.starts_with(kSwappedUtf16Mark);
-    return swapped || bytes.starts_with(kUtf16Mark) ? Utf16Lines(bytes, swapped) : Utf8Lines(bytes);
+    const bool highFirst = bytes.starts_with(kUtf16MarkHighFirst);
+    return highFirst || bytes.starts_with(kUtf16Mark) ? Utf16Lines(bytes, highFirst)
+                                                      : Utf8Lines(bytes);
 }
 
 class Parser {

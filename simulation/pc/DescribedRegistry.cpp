@@ -1,13 +1,12 @@
 #include "simulation/pc/DescribedRegistry.h"
-#include "branding/BrandMark.h"
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
+#include "branding/BrandMark.h"
 #include "launch/RegistryKeyList.h"
 #include "simulation/pc/Names.h"
-#include "simulation/pc/TextFile.h"
 #include "text/Text.h"
 
 namespace tarvex {

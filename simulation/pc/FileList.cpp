@@ -1,9 +1,10 @@
 #include "simulation/pc/FileList.h"
-#include "configurator/Model.h"
 
 #include <utility>
 
-#include "simulation/pc/TextFile.h"
+#include "configurator/Model.h"
+#include "configurator/TextFile.h"
+#include "simulation/pc/CodePage850.h"
 #include "simulation/pc/WindowsPaths.h"
 
 namespace tarvex {

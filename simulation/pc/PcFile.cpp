@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "configurator/FileTexts.h"
+#include "configurator/TextFile.h"
 #include "launch/PathHelpers.h"
 #include "simulation/pc/FileList.h"
 #include "simulation/pc/PcDescription.h"
 #include "simulation/pc/RegistryNames.h"
-#include "simulation/pc/TextFile.h"
 #include "simulation/pc/WindowsPaths.h"
 #include "text/CodePages.h"
 #include "text/Text.h"
@@ -243,13 +243,11 @@ private:
                 return;
             }
         }
-        const auto& fields = section_->fields;
-        const auto nearest =
-            std::min_element(fields.begin(), fields.end(), [name](const Field& a, const Field& b) {
-                return NameDistance(a.name, name) < NameDistance(b.name, name);
-            });
-        Report(u"Unbekannter Name " + Quoted(name) + u"; gemeint ist vielleicht " +
-               std::u16string(nearest->name) + u".");
+        std::vector<std::u16string_view> known;
+        for (const Field& field : section_->fields) {
+            known.push_back(field.name);
+        }
+        Report(UnknownNameText(name, known));
     }
 
     /// Keeps the line of what may come once; otherwise tells where it came first.

@@ -1,11 +1,11 @@
 #include "simulation/pc/RegFile.h"
-#include "branding/BrandMark.h"
-#include "configurator/Model.h"
 
 #include <utility>
 
+#include "branding/BrandMark.h"
+#include "configurator/Model.h"
+#include "configurator/TextFile.h"
 #include "launch/RegistryKeyList.h"
-#include "simulation/pc/TextFile.h"
 #include "text/Text.h"
 
 namespace tarvex {

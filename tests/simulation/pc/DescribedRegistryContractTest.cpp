@@ -1,6 +1,5 @@
 #include "branding/BrandMark.h"
 #include "simulation/pc/DescribedRegistry.h"
-#include "simulation/pc/TextFile.h"
 #include "tests/platform/RegistryContract.h"
 #include "text/TextCodec1252.h"
 

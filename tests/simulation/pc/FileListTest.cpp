@@ -1,9 +1,8 @@
 #include "branding/BrandMark.h"
-#include "simulation/pc/FileList.h"
 
 #include <gtest/gtest.h>
 
-#include "simulation/pc/TextFile.h"
+#include "simulation/pc/FileList.h"
 #include "tests/simulation/SimulationTexts.h"
 #include "text/Text.h"
 

@@ -1,9 +1,8 @@
 #include "branding/BrandMark.h"
-#include "simulation/pc/RegFile.h"
 
 #include <gtest/gtest.h>
 
-#include "simulation/pc/TextFile.h"
+#include "simulation/pc/RegFile.h"
 #include "tests/simulation/SimulationTexts.h"
 #include "text/Text.h"
 #include "text/TextCodec1252.h"

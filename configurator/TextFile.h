@@ -7,6 +7,11 @@
 
 namespace tarvex {
 
+/// Byte order marks at the start of text files.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+inline constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+inline constexpr std::string_view kUtf16MarkHighFirst = "\xFE\xFF";
+
 /// The text of a file, or the line that makes it none.
 struct DecodedText {
     std::u16string text;
@@ -24,10 +29,11 @@ DecodedText DecodeText(std::string_view bytes, ZeroBytes zeroBytes = ZeroBytes::
 /// True when neither a byte order mark nor zero bytes say what text the bytes are.
 bool IsUnmarkedText(std::string_view bytes);
 
-/// Bytes of the code page 850, in which a German console writes.
-std::u16string FromCodePage850(std::string_view bytes);
+/// UTF-16 of either byte order without a mark; an odd last byte is dropped.
+std::u16string FromUtf16(std::string_view bytes, bool highFirst);
 
 /// The lines of a text, without their ends (CR LF or LF); none after the last line end.
 std::vector<std::u16string_view> TextLines(std::u16string_view text);
+std::vector<std::string_view> TextLines(std::string_view bytes);
 
 }  // namespace tarvex
