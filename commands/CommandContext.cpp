@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "configurator/FileTexts.h"
+#include "launch/PathHelpers.h"
 
 namespace tarvex {
 
@@ -63,8 +64,7 @@ std::u16string FolderOf(std::u16string_view file) {
 }
 
 std::u16string_view BareName(std::u16string_view file) {
-    const std::size_t separator = file.find_last_of(u"/\\");
-    return separator == std::u16string_view::npos ? file : file.substr(separator + 1);
+    return FileNamePart(FileNamePart(file), true);
 }
 
 bool IsStandardInput(std::u16string_view file) {
