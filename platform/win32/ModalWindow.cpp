@@ -41,6 +41,10 @@ void ModalWindow::RunUntilClosed(HACCEL accelerators) {
             DispatchMessageW(&message);
         }
     }
+    RaiseFailure();
+}
+
+void ModalWindow::RaiseFailure() {
     Close();
     if (failure_ != nullptr) {
         std::rethrow_exception(failure_);

@@ -36,8 +36,10 @@ protected:
     /// message handler raised: the window closes then.
     void RunUntilClosed(HACCEL accelerators = nullptr);
 
-    /// The first step of RunUntilClosed.
+    /// The first step of RunUntilClosed, and the last one, for windows with a loop of their own
+    /// between them, which goes on while there is a Window().
     void ShowInFront();
+    void RaiseFailure();
 
     void Close();
 
