@@ -85,9 +85,11 @@ StoredValue MakeStoredValue(const BrandField& field, std::u16string_view plain,
         return {.stored = {}, .problem = LostCharacterProblem(plain, readBack)};
     }
     if (stored.size() > static_cast<std::size_t>(field.width)) {
-        return {.stored = {}, .problem = LengthProblem(field, stored.size())};
+        return {
+            .stored = {}, .problem = LengthProblem(field, stored.size()), .length = stored.size()};
     }
-    return {.stored = std::move(stored), .problem = {}};
+    const std::size_t length = stored.size();
+    return {.stored = std::move(stored), .problem = {}, .length = length};
 }
 
 std::u16string PlainValue(const BrandField& field, std::u16string_view stored,

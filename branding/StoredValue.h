@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,8 @@ namespace tarvex {
 struct StoredValue {
     std::u16string stored;   ///< empty for an empty value and when there is a problem
     std::u16string problem;  ///< German, why the field cannot hold the value; empty when it can
+    std::size_t length = 0;  ///< characters that the value takes, also when they are too many; 0
+                             ///< when it holds a character that no value can hold
 };
 
 /// The stored form of a plain value for the settings codec `codec` (one byte per character). Blanks

@@ -1,8 +1,9 @@
 #include "window/model/Document.h"
 
+#include <algorithm>
 #include <utility>
 
-#include "branding/Scrambling.h"
+#include "branding/StoredValue.h"
 #include "configurator/program/ProgramFields.h"
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
@@ -16,10 +17,15 @@ bool SameValue(const BrandField& field, std::u16string_view a, std::u16string_vi
     return a == b || (field.kind == FieldKind::Flag && off(a) && off(b));
 }
 
+// A character takes up to so many in the list of numbers.
+constexpr std::int32_t kNumberLength = 4;
+
 }  // namespace
 
 Document::Document(DocumentFile file, Settings saved, const TextCodec& codec)
-    : file_(std::move(file)), saved_(std::move(saved)), codec_(codec), icon_(saved_.Icon()) {}
+    : file_(std::move(file)), saved_(std::move(saved)), codec_(codec) {
+    KeepSavedIcon();
+}
 
 std::u16string_view Document::Name() const {
     return FileNamePart(file_.path);
@@ -53,15 +59,18 @@ void Document::Undo(std::int32_t number) {
     Edited& edited = edited_[number];
     edited.text = std::move(edited.before.back());
     edited.before.pop_back();
-    edited.typing = false;
+    typingIn_ = 0;
     Tell();
 }
 
 void Document::Revert(std::int32_t number) {
-    SetText(number, saved_.Value(number));
-    if (number == kFieldIconFile) {
-        icon_ = saved_.Icon();
+    if (file_.readOnly) {
+        return;
     }
+    if (number == kFieldIconFile) {
+        KeepSavedIcon();
+    }
+    SetText(number, saved_.Value(number));
 }
 
 bool Document::IsChanged(std::int32_t number) const {
@@ -77,17 +86,18 @@ std::u16string Document::Problem(std::int32_t number) const {
 std::int32_t Document::RoomLeft(std::int32_t number) const {
     const BrandField& field = *FindField(number);
     if (field.kind == FieldKind::Credential) {
-        const auto stored =
-            static_cast<std::int32_t>(EncodeNumberList(Text(number), codec_).size());
-        const std::int32_t usable = UsableWidth(field, codec_);
-        // A character takes up to four in the list of numbers.
-        const std::int32_t certain = (field.width - stored) / 4;
-        return Text(number).empty() ? usable : certain;
+        return CredentialRoomLeft(field);
     }
-    return field.width - static_cast<std::int32_t>(TrimBlanksAndTabs(Text(number)).size());
+    const std::u16string_view text = TrimBlanksAndTabs(Text(number));
+    const std::size_t stored =
+        IsProgramField(number) ? 0 : MakeStoredValue(field, text, codec_).length;
+    return field.width - static_cast<std::int32_t>(std::max(text.size(), stored));
 }
 
 void Document::SetParked(const std::set<std::int32_t>& numbers, bool parked) {
+    if (file_.readOnly) {
+        return;
+    }
     for (const std::int32_t number : numbers) {
         if (parked) {
             parked_.insert(number);
@@ -101,7 +111,7 @@ void Document::SetParked(const std::set<std::int32_t>& numbers, bool parked) {
 std::vector<std::int32_t> Document::ParkedTexts() const {
     std::vector<std::int32_t> numbers;
     for (const std::int32_t number : parked_) {
-        if (!Text(number).empty()) {
+        if (!TrimBlanksAndTabs(Text(number)).empty()) {
             numbers.push_back(number);
         }
     }
@@ -111,8 +121,9 @@ std::vector<std::int32_t> Document::ParkedTexts() const {
 Settings Document::Values(Problems* problems) const {
     Settings values;
     for (const BrandField* field : FieldsByNumber()) {
-        const bool known = edited_.contains(field->number) || saved_.Has(field->number);
-        if (!known || IsParked(field->number)) {
+        const bool isKnown = saved_.Has(field->number) || !Text(field->number).empty() ||
+                             emptyTexts_.contains(field->number);
+        if (!isKnown || IsParked(field->number)) {
             continue;
         }
         AcceptedValue accepted = Accepted(field->number);
@@ -124,18 +135,20 @@ Settings Document::Values(Problems* problems) const {
         }
     }
     if (values.Has(kFieldIconFile)) {
-        values.SetIcon(icon_);
+        values.SetIcon(Icon());
     }
     return values;
 }
 
-Settings Document::Changes() const {
+Settings Document::ChangesFrom(const Settings& stored) const {
     const Settings values = Values();
     Settings changes;
     for (const BrandField* field : FieldsByNumber()) {
         const std::int32_t number = field->number;
-        const bool sameIcon = number != kFieldIconFile || values.Icon() == saved_.Icon();
-        if (!SameValue(*field, values.Value(number), saved_.Value(number)) || !sameIcon) {
+        const bool sameIcon = number != kFieldIconFile || values.Icon() == stored.Icon();
+        const bool isNewText = emptyTexts_.contains(number) && !stored.Has(number);
+        if (!SameValue(*field, values.Value(number), stored.Value(number)) || !sameIcon ||
+            isNewText) {
             changes.Set(number, values.Value(number));
         }
     }
@@ -145,12 +158,22 @@ Settings Document::Changes() const {
     return changes;
 }
 
+bool Document::IsDirty() const {
+    const auto isRefused = [this](const auto& field) {
+        return !IsParked(field.first) && !Problem(field.first).empty();
+    };
+    return IsNew() || !Changes().Entries().empty() ||
+           std::any_of(edited_.begin(), edited_.end(), isRefused);
+}
+
 void Document::SetSaved(DocumentFile file, Settings saved) {
+    for (const std::int32_t number : ParkedTexts()) {
+        Change(number, {}, false);
+    }
     file_ = std::move(file);
     saved_ = std::move(saved);
-    for (auto& [number, edited] : edited_) {
-        edited.typing = false;
-    }
+    KeepSavedIcon();
+    typingIn_ = 0;
     Tell();
 }
 
@@ -159,33 +182,85 @@ void Document::Enter(const Settings& settings) {
         return;
     }
     for (const auto& [number, entry] : settings.Entries()) {
+        parked_.erase(number);
         if (entry.value != Text(number)) {
             Change(number, entry.value, false);
         }
+        if (IsProgramField(number) && number != kFieldIconFile && entry.value.empty()) {
+            emptyTexts_.insert(number);
+        }
     }
     if (settings.Has(kFieldIconFile)) {
-        icon_ = settings.Icon();
+        icons_.insert_or_assign(std::u16string(IconName()), settings.Icon());
     }
     Tell();
 }
 
 void Document::SetIcon(std::string bytes) {
-    icon_ = std::move(bytes);
-    Tell();
+    if (!file_.readOnly) {
+        icons_.insert_or_assign(std::u16string(IconName()), std::move(bytes));
+        Tell();
+    }
+}
+
+const std::string& Document::Icon() const {
+    static const std::string none;
+    const auto found = icons_.find(IconName());
+    return found != icons_.end() ? found->second : none;
 }
 
 void Document::Change(std::int32_t number, std::u16string text, bool typed) {
     const std::u16string before(Text(number));
+    Stroke stroke = Stroke::Replace;
+    if (text.size() == before.size() + 1) {
+        stroke = Stroke::Insert;
+    } else if (text.size() + 1 == before.size()) {
+        stroke = Stroke::Delete;
+    }
+    const bool goesOn = stroke == Stroke::Insert
+                            ? lastStroke_ != Stroke::Delete
+                            : stroke == Stroke::Delete && lastStroke_ == stroke;
+    emptyTexts_.erase(number);
     Edited& edited = edited_[number];
-    if (!typed || !edited.typing) {
+    if (!typed || typingIn_ != number || !goesOn) {
         edited.before.push_back(before);
     }
     edited.text = std::move(text);
-    edited.typing = typed;
+    typingIn_ = typed ? number : 0;
+    lastStroke_ = stroke;
 }
 
 AcceptedValue Document::Accepted(std::int32_t number) const {
+    if (Text(number) == saved_.Value(number)) {
+        return {std::u16string(Text(number)), {}};
+    }
     return AcceptValue(*FindField(number), Text(number), codec_);
+}
+
+std::int32_t Document::CredentialRoomLeft(const BrandField& field) const {
+    std::u16string_view text = Text(field.number);
+    const auto width = static_cast<std::size_t>(field.width);
+    const StoredValue stored = MakeStoredValue(field, text, codec_);
+    if (stored.length == 0) {  // nothing to store, or a character that cannot be
+        return UsableWidth(field, codec_) - static_cast<std::int32_t>(text.size());
+    }
+    if (stored.length <= width) {
+        return static_cast<std::int32_t>(width - stored.length) / kNumberLength;
+    }
+    std::int32_t tooMany = 0;
+    while (MakeStoredValue(field, text, codec_).length > width) {
+        text.remove_suffix(1);
+        ++tooMany;
+    }
+    return -tooMany;
+}
+
+std::u16string_view Document::IconName() const {
+    return text::Trim(Text(kFieldIconFile));
+}
+
+void Document::KeepSavedIcon() {
+    icons_.insert_or_assign(std::u16string(saved_.Value(kFieldIconFile)), saved_.Icon());
 }
 
 void Document::Tell() const {
