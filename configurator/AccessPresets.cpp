@@ -73,11 +73,30 @@ std::vector<AccessPreset> MakePresets() {
     return presets;
 }
 
+std::vector<AccessPreset> JoinPresets() {
+    std::vector<AccessPreset> joined;
+    const KeyListMarkers markers;
+    for (const AccessPreset& preset : AccessPresets()) {
+        if (!joined.empty() && joined.back().version == preset.version &&
+            joined.back().meaning == preset.meaning) {
+            joined.back().entry += markers.list + preset.entry;
+        } else {
+            joined.push_back(preset);
+        }
+    }
+    return joined;
+}
+
 }  // namespace
 
 const std::vector<AccessPreset>& AccessPresets() {
     static const std::vector<AccessPreset> presets = MakePresets();
     return presets;
+}
+
+const std::vector<AccessPreset>& AccessPresetFields() {
+    static const std::vector<AccessPreset> fields = JoinPresets();
+    return fields;
 }
 
 }  // namespace tarvex

@@ -16,4 +16,8 @@ struct AccessPreset {
 /// All known places, newest version first, then the registered program path.
 const std::vector<AccessPreset>& AccessPresets();
 
+/// The same with the places of one version joined by the list marker, as one field holds them: so
+/// all of them fit into the list's ten fields.
+const std::vector<AccessPreset>& AccessPresetFields();
+
 }  // namespace tarvex

@@ -1,25 +1,16 @@
 #include "commands/verbs/Verbs.h"
 #include "configurator/AccessPresets.h"
-#include "launch/RegistryKeyList.h"
 #include "text/Text.h"
 
 namespace tarvex {
 
 int Presets(CommandContext& context, const CommandLine&) {
-    const KeyListMarkers markers;
     std::u16string out =
         u"; Bekannte Orte von Access, der neueste zuerst: Zeilen für den Abschnitt [Access] einer\n"
         u"; Einstellungsdatei. Was nicht gebraucht wird, kann weg; die Nummern dürfen Lücken "
         u"haben.\n";
     std::int64_t number = 0;
-    const AccessPreset* last = nullptr;
-    for (const AccessPreset& preset : AccessPresets()) {
-        if (last != nullptr && last->version == preset.version && last->meaning == preset.meaning) {
-            out.pop_back();
-            out += markers.list + preset.entry + u"\n";
-            continue;
-        }
-        last = &preset;
+    for (const AccessPreset& preset : AccessPresetFields()) {
         out += u"; " + preset.meaning;
         if (!preset.version.empty()) {
             out += u" (Office " + preset.version + u")";

@@ -206,8 +206,7 @@ void CheckPrecedence(CheckRun& run, const CheckTarget& target) {
 }  // namespace
 
 void CheckKeyLists(CheckRun& run) {
-    for (const CheckTarget& target :
-         {kAccessTarget, kDatabaseTarget, kPictureTarget, kWorkgroupTarget}) {
+    for (const CheckTarget& target : kCheckTargets) {
         for (const std::int32_t number : target.list.Numbers()) {
             if (run.IsSet(number)) {
                 CheckKeyListField(run, target, number);

@@ -22,6 +22,10 @@ inline constexpr CheckTarget kWorkgroupTarget{kSysDBRegList, kFieldSysDBPath, kF
                                               true};
 inline constexpr CheckTarget kPictureTarget{kPicRegList, kFieldPicPath, kFieldPicFilename, false};
 
+/// All of them.
+inline constexpr CheckTarget kCheckTargets[] = {kAccessTarget, kDatabaseTarget, kPictureTarget,
+                                                kWorkgroupTarget};
+
 /// The settings that are checked, and what was found so far. Refers to objects that outlive it.
 class CheckRun {
 public:
