@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "branding/BrandFields.h"
-#include "launch/KeyListResolution.h"
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
 
@@ -42,9 +41,9 @@ std::optional<std::u16string> PictureCandidate(DiagnosticLog& log, const KeyList
     return path;
 }
 
-constexpr KeyListRules kPictureRules = {PictureCandidate, {}, {}, kNotThere};
-
 }  // namespace
+
+constexpr KeyListRules kPictureListRules = {PictureCandidate, {}, {}, kNotThere};
 
 StartPicture::StartPicture(const LaunchEnvironment& environment, const cuAppError& appError)
     : environment_(environment), appError_(appError) {}
@@ -61,8 +60,9 @@ void StartPicture::StartupPictureSettings(const pSettings& settings) {
         return;
     }
     if (HasPicRegLists(settings)) {
-        path_ = WalkKeyList(environment_, {}, report_, settings.KeyList(kPicRegList), kPictureRules)
-                    .value_or(std::u16string());
+        path_ =
+            WalkKeyList(environment_, {}, report_, settings.KeyList(kPicRegList), kPictureListRules)
+                .value_or(std::u16string());
     } else {
         path_ = ResolveFolder(settings);
     }

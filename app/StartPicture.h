@@ -7,9 +7,13 @@
 #include "branding/pSettings.h"
 #include "errors/cuAppError.h"
 #include "launch/DiagnosticLog.h"
+#include "launch/KeyListResolution.h"
 #include "launch/LaunchEnvironment.h"
 
 namespace tarvex {
+
+/// How the key list of the picture is walked through, entry by entry.
+extern const KeyListRules kPictureListRules;
 
 /// Finds the configured start picture and reports every step. A picture that is missing or not
 /// configured correctly is never an error: there is then no picture.

@@ -30,12 +30,9 @@ std::optional<std::u16string> Candidate(DiagnosticLog& log, const KeyListEntry& 
     return path.append(kExecutable);
 }
 
-constexpr KeyListRules kRules = {Candidate, u"-", u"Access-EXE: ",
-                                 u"Access-EXE: Nicht vorhanden an dieser Position"};
-
 std::u16string FromKeyList(LaunchRun& run) {
     KeyListResult result =
-        ResolveKeyList(run, run.properties.accRegListString, kRules,
+        ResolveKeyList(run, run.properties.accRegListString, kAccessListRules,
                        {LaunchError::AccessListInvalid, LaunchError::AccessListUnresolved});
     if (result.error) {
         run.Raise(*result.error, kProcedure);
@@ -80,6 +77,9 @@ std::u16string FindExecutable(LaunchRun& run) {
 }
 
 }  // namespace
+
+constexpr KeyListRules kAccessListRules = {Candidate, u"-", u"Access-EXE: ",
+                                           u"Access-EXE: Nicht vorhanden an dieser Position"};
 
 OfficeKeys OfficeKeysOfVersion(std::int32_t version) {
     switch (version) {

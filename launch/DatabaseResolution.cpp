@@ -36,6 +36,15 @@ std::optional<std::u16string> DatabaseCandidate(DiagnosticLog& log, const KeyLis
     return path;
 }
 
+}  // namespace
+
+constexpr KeyListRules kDatabaseListRules = {DatabaseCandidate, u"-", u"Datenbank: ",
+                                             u"Datenbank: : Nicht vorhanden an dieser Position"};
+constexpr KeyListRules kSystemDatabaseListRules = {DatabaseCandidate, u"-", u"SysDB: ",
+                                                   u"SysDB: : Nicht vorhanden an dieser Position"};
+
+namespace {
+
 /// Resolves the key list of a database. Raises the errors of a list that leads to nothing; in test
 /// mode it notes them and returns nothing.
 std::optional<std::u16string> ResolveDatabaseList(LaunchRun& run, const DatabaseKind& kind,
@@ -76,7 +85,7 @@ void CheckDatabaseFile(LaunchRun& run, const DatabaseKind& kind, const std::u16s
 constexpr DatabaseKind kDatabase = {
     u"GetDBPath",
     u"Datenbank: ",
-    {DatabaseCandidate, u"-", u"Datenbank: ", u"Datenbank: : Nicht vorhanden an dieser Position"},
+    kDatabaseListRules,
     {LaunchError::DatabaseListInvalid, LaunchError::DatabaseListUnresolved},
     LaunchError::DatabaseNotFound};
 
@@ -109,7 +118,7 @@ std::u16string SearchProgramFolder(LaunchRun& run) {
 constexpr DatabaseKind kSystemDatabase = {
     u"GetSystemDB",
     u"SysDB: ",
-    {DatabaseCandidate, u"-", u"SysDB: ", u"SysDB: : Nicht vorhanden an dieser Position"},
+    kSystemDatabaseListRules,
     {LaunchError::SystemDatabaseListInvalid, LaunchError::SystemDatabaseListUnresolved},
     LaunchError::SystemDatabaseNotFound};
 

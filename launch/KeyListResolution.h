@@ -20,6 +20,11 @@ struct KeyListRules {
     std::u16string_view missingLine;  ///< log line for a path without a file
 };
 
+// How the key lists of the resolution steps are walked through.
+extern const KeyListRules kAccessListRules;
+extern const KeyListRules kDatabaseListRules;
+extern const KeyListRules kSystemDatabaseListRules;
+
 /// Tries the entries in order up to the first that leads to an existing file, and logs every step.
 /// Returns the file's path; nothing when no entry leads to one. An entry that cannot be read is
 /// logged and passed over; what follows the entry that is taken is neither read nor logged.

@@ -7,6 +7,7 @@
 #include "errors/RaisedError.h"
 #include "launch/LaunchRun.h"
 #include "launch/Resolution.h"
+#include "simulation/LauncherFiles.h"
 #include "simulation/LauncherRun.h"
 #include "simulation/NoUi.h"
 #include "simulation/RecordingFileSystem.h"
@@ -146,14 +147,13 @@ Answers Sort(const RecordingRegistry& registry, const RecordingFileSystem& files
 
 }  // namespace
 
-std::vector<CollectedFile> CollectPc(ThisPc& pc, const BrandConstants& constants,
+std::vector<CollectedFile> CollectPc(const ThisPc& pc, const BrandConstants& constants,
                                      std::u16string_view program, const TextCodec& settingsCodec,
                                      const std::vector<std::u16string>& accessEntries) {
     const ProgramInfo info = MakeProgramInfo(program, u"\"" + std::u16string(program) + u"\"");
-    // As after a double click: relative paths that the launcher asks for begin there.
-    pc.Enter(info.folder);
     const RecordingRegistry registry(pc.RegistryView());
-    const RecordingFileSystem files(pc.Files());
+    const LauncherFiles launcherFiles(pc.Files(), info);
+    const RecordingFileSystem files(launcherFiles);
     LauncherRun(constants, {registry, files, pc.Codec(), settingsCodec, info}).Run();
     NoUi ui;
     for (const std::u16string& entry : accessEntries) {

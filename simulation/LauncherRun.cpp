@@ -204,6 +204,10 @@ std::u16string ResultText(const LaunchOutcome& outcome) {
     return u"Fehler " + text::Decimal(isLaunchError ? code : cuAppError::kNumberBase - number);
 }
 
+std::u16string ErrorLine(const LaunchOutcome& outcome) {
+    return outcome.errorText.substr(0, outcome.errorText.find(text::kLineBreak));
+}
+
 std::u16string WithoutCredentials(const LaunchOutcome& outcome, std::u16string_view text) {
     struct Credential {
         std::u16string_view lead;

@@ -72,6 +72,9 @@ std::u16string WithoutTestSwitch(std::u16string_view arguments);
 /// "Laufzeitfehler 13".
 std::u16string ResultText(const LaunchOutcome& outcome);
 
+/// The first line of the error that ends the start; empty when there is none.
+std::u16string ErrorLine(const LaunchOutcome& outcome);
+
 /// The text with the credentials of the launch, and whatever stands where they stand in a command
 /// line, masked as the launcher masks them.
 std::u16string WithoutCredentials(const LaunchOutcome& outcome, std::u16string_view text);

@@ -71,20 +71,26 @@ PcSelection SelectPcs(FileStore& files, const FolderListing& folders,
              {},
              u"Zu '" + std::u16string(pattern) + u"' passt der Dateiname keines PCs."});
     }
-    for (std::u16string& path : chosen) {
-        ReadPc read = ReadPcFile(files, path);
-        Append(selection.problems, std::move(read.problems));
-        if (!read.file) {
-            continue;
+    for (const std::u16string& path : chosen) {
+        if (auto pc = SelectPc(files, path, selection.problems)) {
+            selection.pcs.push_back(std::move(*pc));
         }
-        if (ParseLaunchSwitches(read.file->pc.Description().switches).info) {
-            selection.problems.push_back(
-                {path, 0, u"Schalter",
-                 u"Mit /D wird nichts gestartet, was simuliert werden kann."});
-        }
-        selection.pcs.push_back({std::move(path), std::move(*read.file)});
     }
     return selection;
+}
+
+std::optional<SelectedPc> SelectPc(FileStore& files, std::u16string_view path, Problems& problems) {
+    ReadPc read = ReadPcFile(files, path);
+    Append(problems, std::move(read.problems));
+    if (!read.file) {
+        return std::nullopt;
+    }
+    if (ParseLaunchSwitches(read.file->pc.Description().switches).info) {
+        problems.push_back({std::u16string(path), 0, u"Schalter",
+                            u"Mit /D wird nichts gestartet, was simuliert werden kann."});
+        return std::nullopt;
+    }
+    return SelectedPc{std::u16string(path), std::move(*read.file)};
 }
 
 bool MatchesPattern(std::u16string_view text, std::u16string_view pattern) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,10 @@ struct PcSelection {
 /// that is named twice is read once. No file at all is a problem.
 PcSelection SelectPcs(FileStore& files, const FolderListing& folders,
                       const std::vector<std::u16string>& paths, std::u16string_view pattern);
+
+/// Reads one description. Nothing when it cannot be read or is none of a computer on which
+/// something is started; the problems say why.
+std::optional<SelectedPc> SelectPc(FileStore& files, std::u16string_view path, Problems& problems);
 
 /// Whether the whole text matches, as for SelectPcs.
 bool MatchesPattern(std::u16string_view text, std::u16string_view pattern);

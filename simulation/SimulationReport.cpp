@@ -21,8 +21,7 @@ std::u16string Details(const LaunchOutcome& outcome) {
                (outcome.database.empty() ? u"; keine Datenbank"
                                          : u"; Datenbank " + outcome.database);
     }
-    return u": " +
-           std::u16string(text::Left(outcome.errorText, outcome.errorText.find(text::kLineBreak)));
+    return u": " + ErrorLine(outcome);
 }
 
 /// "kasse1.pc: Start; Access C:\...; Datenbank C:\...", with "ok" or "FEHLER" before it where
@@ -57,8 +56,7 @@ void AddList(std::u16string& lines, std::u16string_view heading,
 std::u16string DeviationLines(const SimulationResult& result) {
     std::u16string lines;
     for (const Deviation& deviation : result.deviations) {
-        lines += u"    " + deviation.name + u": erwartet " + OrEmpty(deviation.expected) +
-                 u", tatsächlich " + OrEmpty(deviation.actual) + u"\n";
+        lines += u"    " + DeviationText(deviation) + u"\n";
     }
     return lines;
 }
@@ -165,6 +163,11 @@ SimulationReport ReportSimulation(const std::vector<SimulationResult>& results, 
     }
     report.remarks.append(kUnseen).append(u"\n");
     return report;
+}
+
+std::u16string DeviationText(const Deviation& deviation) {
+    return deviation.name + u": erwartet " + OrEmpty(deviation.expected) + u", tatsächlich " +
+           OrEmpty(deviation.actual);
 }
 
 std::vector<std::u16string> ExportCommands(const std::vector<Undescribed>& undescribed) {

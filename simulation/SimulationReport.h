@@ -24,6 +24,9 @@ struct SimulationReport {
 /// `texts` the text of each, too.
 SimulationReport ReportSimulation(const std::vector<SimulationResult>& results, bool texts);
 
+/// "Ergebnis: erwartet Start, tatsächlich Fehler 5".
+std::u16string DeviationText(const Deviation& deviation);
+
 /// The commands that export on the computer what is not described there; no command twice, and none
 /// for what another one exports as well.
 std::vector<std::u16string> ExportCommands(const std::vector<Undescribed>& undescribed);

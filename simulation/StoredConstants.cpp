@@ -21,10 +21,13 @@ StoredConstants StoredConstants::FromSettings(const Settings& settings, std::u16
                                               const TextCodec& codec, Problems& problems) {
     StoredConstants constants;
     for (const auto& [number, entry] : settings.Entries()) {
-        const BrandField& field = *FindBrandField(number);
-        StoredValue value = MakeStoredValue(field, entry.value, codec);
+        const BrandField* const field = FindBrandField(number);
+        if (field == nullptr) {
+            continue;  // of the program file, which the launcher itself does not read
+        }
+        StoredValue value = MakeStoredValue(*field, entry.value, codec);
         if (!value.problem.empty()) {
-            problems.push_back({std::u16string(place), entry.line, std::u16string(field.name),
+            problems.push_back({std::u16string(place), entry.line, std::u16string(field->name),
                                 std::move(value.problem)});
         }
         constants.areas_[number] = std::move(value.stored);

@@ -27,9 +27,6 @@ public:
 
     /// The absolute path that the system understands by `path`; empty when it refuses.
     virtual std::u16string FullPath(std::u16string_view path) const = 0;
-
-    /// Makes a folder the current one, in which relative paths begin. False when it cannot.
-    virtual bool Enter(std::u16string_view folder) = 0;
 };
 
 /// Null where no launcher runs.

@@ -36,10 +36,6 @@ public:
         return full;
     }
 
-    bool Enter(std::u16string_view folder) override {
-        return SetCurrentDirectoryW(Wide(std::u16string(folder))) != FALSE;
-    }
-
 private:
     SystemTextCodec codec_;
     Win32Registry registry_{codec_};

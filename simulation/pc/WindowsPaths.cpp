@@ -160,7 +160,22 @@ bool IsShortName(std::u16string_view part) {
            (dot == std::u16string_view::npos || part.size() - dot <= 4);
 }
 
+/// With "\\" in the place of every "/".
+std::u16string Slashed(std::u16string_view path) {
+    std::u16string slashed(path);
+    std::replace(slashed.begin(), slashed.end(), u'/', u'\\');
+    return slashed;
+}
+
 }  // namespace
+
+std::u16string RootedWindowsPath(std::u16string_view path, std::u16string_view currentFolder) {
+    const std::u16string slashed = Slashed(path);
+    if (path.empty() || slashed.starts_with(kNetwork)) {
+        return std::u16string(path);
+    }
+    return FromRoot(slashed, currentFolder);
+}
 
 std::optional<std::u16string> FullWindowsPath(std::u16string_view path,
                                               std::u16string_view currentFolder) {
@@ -170,8 +185,7 @@ std::optional<std::u16string> FullWindowsPath(std::u16string_view path,
     if (path.starts_with(kVerbatim)) {
         return VerbatimPath(path);
     }
-    std::u16string slashed(path);
-    std::replace(slashed.begin(), slashed.end(), u'/', u'\\');
+    const std::u16string slashed = Slashed(path);
     if (slashed.starts_with(kDevices)) {
         return std::nullopt;
     }

@@ -18,6 +18,10 @@ namespace tarvex {
 std::optional<std::u16string> FullWindowsPath(std::u16string_view path,
                                               std::u16string_view currentFolder);
 
+/// The path with what stands before a relative one, as for FullWindowsPath: it means the same in
+/// whatever folder. What it is made of stays as it stands.
+std::u16string RootedWindowsPath(std::u16string_view path, std::u16string_view currentFolder);
+
 /// True for "C:\..." and "\\server\share...", with "/" too: paths that do not depend on a current
 /// folder.
 bool IsFullWindowsPath(std::u16string_view path);

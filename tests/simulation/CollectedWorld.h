@@ -20,10 +20,6 @@ public:
     std::u16string FullPath(std::u16string_view path) const override {
         return std::u16string(path);
     }
-    bool Enter(std::u16string_view folder) override {
-        files.currentFolder = folder;
-        return true;
-    }
 
     FakeRegistry registry;
     FakeFileSystem files;

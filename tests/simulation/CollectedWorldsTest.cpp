@@ -62,7 +62,6 @@ public:
     std::u16string FullPath(std::u16string_view path) const override {
         return std::u16string(path);
     }
-    bool Enter(std::u16string_view) override { return true; }
 
 private:
     DescribedPc pc_;

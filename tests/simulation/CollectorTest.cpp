@@ -63,6 +63,16 @@ TEST_F(CollectorTest, WhatIsThereAndWhatIsNotIsWrittenOnceEach) {
                                            u"\"Daten\"=\"D:\\\\Daten\"\r\n\r\n");
 }
 
+TEST_F(CollectorTest, RelativePathsOfTheRegistryBeginInTheLaunchersFolder) {
+    pc.files.AddFile(u"C:\\Kunden\\Daten\\a.mdb");
+    pc.registry.SetTextZ(kHKeyCurrentUser, u"A\\B", u"Ordner", "Daten");
+    const auto texts = Collect({{kFieldAccPath, u"C:\\Office"},
+                                {kDBRegList.Field(1), u"HKCU\\A\\B\\Ordner%|Filename%|a.mdb"}});
+    EXPECT_TRUE(texts.at(u"Kunden.pc")
+                    .ends_with(u"Datei = C:\\Kunden\\Daten\\a.mdb\r\n"
+                               u"Fehlt = C:\\Office\\msaccess.exe\r\n"));
+}
+
 TEST_F(CollectorTest, BothViewsOfA64BitComputerAreToldApart) {
     pc.files.AddFile(u"C:\\Office\\msaccess.exe");
     FakeRegistry view64;

@@ -6,6 +6,7 @@
 
 #include "branding/BrandFields.h"
 #include "configurator/BrandWriter.h"
+#include "configurator/program/ProgramFields.h"
 #include "tests/configurator/ConfiguratorWorld.h"
 #include "tests/support/FakeBrandConstants.h"
 
@@ -47,6 +48,16 @@ TEST_F(StoredConstantsTest, ValueThatItsFieldCannotHoldIsAProblem) {
     EXPECT_EQ(problems.front().place, u"K.ini");
     EXPECT_EQ(problems.front().line, 7);
     EXPECT_EQ(problems.front().field, u"FileID");
+}
+
+TEST_F(StoredConstantsTest, TextsOfTheProgramFileHaveNoMarks) {
+    Settings settings = Kunden();
+    settings.Set(kFieldIconFile, u"Kunden.ico");
+    settings.Set(kFieldCompanyName, u"Muster");
+    Problems problems;
+    EXPECT_EQ(StoredConstants::FromSettings(settings, u"K.ini", codec, problems).Marks(),
+              Expected().marks);
+    EXPECT_TRUE(problems.empty());
 }
 
 TEST_F(StoredConstantsTest, FileGivesTheMarksThatStandInIt) {
