@@ -65,6 +65,14 @@ void ComparePrograms(std::string_view after, const Settings& settings, const std
     }
 }
 
+/// The rules for an output that is made from another file.
+OutputRules RulesFrom(std::u16string_view source, const OutputRules& rules) {
+    OutputRules complete = rules;
+    complete.inputs.emplace_back(source);
+    complete.access.model = source;
+    return complete;
+}
+
 }  // namespace
 
 Problems BrandWriter::Brand(std::u16string_view source, std::u16string_view output,
@@ -75,19 +83,23 @@ Problems BrandWriter::Brand(std::u16string_view source, std::u16string_view outp
             all.Set(field.number, {});
         }
     }
-    OutputRules ofBrand = rules;
-    ofBrand.inputs.emplace_back(source);
-    ofBrand.access.model = source;
-    return Write(Purpose::Brand, source, output, all, ofBrand);
+    return Write(Purpose::Brand, source, output, all, RulesFrom(source, rules));
 }
 
 Problems BrandWriter::Change(std::u16string_view file, const Settings& changes) {
     Problems problems;
     const std::unique_ptr<FileLock> lock = LockForChange(store_, file, problems);
-    if (lock == nullptr) {
-        return problems;
-    }
-    return Write(Purpose::Change, file, file, changes, {.force = true, .held = lock.get()});
+    return lock == nullptr ? problems : Change(file, changes, *lock);
+}
+
+Problems BrandWriter::Change(std::u16string_view file, const Settings& changes,
+                             const FileLock& held) {
+    return Write(Purpose::Change, file, file, changes, {.force = true, .held = &held});
+}
+
+Problems BrandWriter::Copy(std::u16string_view source, std::u16string_view output,
+                           const Settings& changes, const OutputRules& rules) {
+    return Write(Purpose::Change, source, output, changes, RulesFrom(source, rules));
 }
 
 Problems BrandWriter::CheckBrand(std::u16string_view source, const Settings& settings) {

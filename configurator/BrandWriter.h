@@ -29,6 +29,14 @@ public:
     /// From reading it to replacing it no other run changes the file.
     Problems Change(std::u16string_view file, const Settings& changes);
 
+    /// The same for a caller that has the file's lock already (LockForChange).
+    Problems Change(std::u16string_view file, const Settings& changes, const FileLock& held);
+
+    /// Makes `output` as a copy of the launcher `source` with these changes; `source` stays as it
+    /// is, is always among the inputs of the rules, and gives a new output its permissions.
+    Problems Copy(std::u16string_view source, std::u16string_view output, const Settings& changes,
+                  const OutputRules& rules);
+
     /// What Brand or Change would refuse the program for, without writing anything.
     Problems CheckBrand(std::u16string_view source, const Settings& settings);
     Problems CheckChange(std::u16string_view file, const Settings& changes);
