@@ -7,6 +7,7 @@
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
 #include "window/model/BoxTexts.h"
+#include "window/model/PresetsForm.h"
 
 namespace tarvex {
 namespace {
@@ -27,12 +28,7 @@ FileResult FileCommands::New(const Document* open) {
     if (open != nullptr) {
         return InNewWindow(kNewArgument, {});
     }
-    std::unique_ptr<Document> document = AskForNew(u"Neues Startprogramm", {});
-    if (document == nullptr) {
-        return {};
-    }
-    std::u16string line = u"Neues Startprogramm " + std::u16string(document->Name()) + u".";
-    return {true, std::move(line), std::move(document)};
+    return NewFrom({});
 }
 
 FileResult FileCommands::Open(std::u16string_view path, const Document* open) {
@@ -124,6 +120,17 @@ std::unique_ptr<Document> FileCommands::AskForNew(std::u16string_view title,
                                       Settings(), services_.codec);
 }
 
+FileResult FileCommands::NewFrom(std::u16string_view source) {
+    std::unique_ptr<Document> document =
+        AskForNew(u"Neues Startprogramm", {.source = std::u16string(source)});
+    if (document == nullptr) {
+        return {};
+    }
+    EnterKnownAccessPlaces(*document);
+    std::u16string line = u"Neues Startprogramm " + std::u16string(document->Name()) + u".";
+    return {true, std::move(line), std::move(document)};
+}
+
 FileResult FileCommands::OpenLauncher(std::u16string_view path, std::string bytes,
                                       LoadedSettings loaded) {
     const LauncherImage image = LauncherImage::Read(bytes, path);
@@ -163,13 +170,7 @@ FileResult FileCommands::OpenTemplate(std::u16string_view path) {
                     u"&Neues Startprogramm")) {
         return {};
     }
-    std::unique_ptr<Document> document =
-        AskForNew(u"Neues Startprogramm", {.source = std::u16string(path)});
-    if (document == nullptr) {
-        return {};
-    }
-    std::u16string line = u"Neues Startprogramm " + std::u16string(document->Name()) + u".";
-    return {true, std::move(line), std::move(document)};
+    return NewFrom(path);
 }
 
 FileResult FileCommands::OpenUnchangeable(std::u16string_view path, const std::string& bytes,

@@ -56,6 +56,9 @@ private:
     /// A document with nothing in it; null when the user cancels.
     std::unique_ptr<Document> AskForNew(std::u16string_view title, NewLauncherForm::Start start);
 
+    /// A new launcher from this template, or when it is empty the one beside this program.
+    FileResult NewFrom(std::u16string_view source);
+
     FileResult OpenLauncher(std::u16string_view path, std::string bytes, LoadedSettings loaded);
     FileResult OpenTemplate(std::u16string_view path);
     FileResult OpenUnchangeable(std::u16string_view path, const std::string& bytes,

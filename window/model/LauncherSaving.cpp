@@ -198,11 +198,7 @@ void LauncherSaving::Take(Document& document, const std::u16string& output, Prob
         notes.push_back({output, 0, {}, u"Die Datei ist danach nicht lesbar: " + CaughtText()});
     }
     SetOpened(std::move(bytes));
-    const std::vector<std::int32_t> parked = document.ParkedTexts();
     document.SetSaved({.path = output}, std::move(saved));
-    for (const std::int32_t number : parked) {
-        document.SetText(number, {});
-    }
     // Texts that mean the same now stand as they are stored: an icon's file gives its sizes.
     const Settings rest = document.Changes();
     for (const auto& [number, entry] : rest.Entries()) {

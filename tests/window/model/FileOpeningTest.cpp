@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "configurator/AccessPresets.h"
 #include "tests/window/model/FilesWorld.h"
 
 namespace tarvex {
@@ -72,6 +73,7 @@ TEST_F(FileOpeningTest, NewLauncherIsMadeFromTheTemplateBesideTheProgram) {
     EXPECT_EQ(result.document->File().source, kTemplate);
     EXPECT_TRUE(result.document->IsDirty());
     EXPECT_FALSE(store.FileExists(u"C:\\Daten\\Neu.exe"));
+    EXPECT_EQ(result.document->Text(kAccRegList.Field(1)), AccessPresetFields()[0].entry);
     EXPECT_EQ(dialogs.log, Log({"Fenster: Neues Startprogramm"}));
 }
 
