@@ -64,15 +64,15 @@ void RestoreDllSearchForChild() {
     SetSearchedFolder(nullptr);
 }
 
-void PrepareCommonControls() {
+void PrepareCommonControls(ControlClasses classes) {
     // By its name alone, because with a path the manifest would not be asked which version it is.
     // The name is among those that Windows never looks for beside the program.
     const HMODULE library = LoadLibraryW(L"comctl32.dll");
     auto* const prepare = reinterpret_cast<decltype(InitCommonControlsEx)*>(
         reinterpret_cast<void*>(GetProcAddress(library, "InitCommonControlsEx")));
     if (prepare != nullptr) {
-        constexpr INITCOMMONCONTROLSEX kClasses = {sizeof kClasses, ICC_STANDARD_CLASSES};
-        prepare(&kClasses);
+        const INITCOMMONCONTROLSEX wanted = {sizeof wanted, static_cast<DWORD>(classes)};
+        prepare(&wanted);
     }
 }
 
