@@ -16,12 +16,16 @@ struct Row {
     Section section;
     std::int32_t first;
     std::int32_t count;
-    std::u16string_view meaning;  ///< of a key list: what its entries lead to
+    std::u16string_view purpose;      ///< of a key list: what its entries lead to
+    std::u16string_view inFile = {};  ///< what a settings file has to say of it besides
 };
 
-constexpr Row Field(Section section, std::int32_t number, std::u16string_view meaning) {
-    return {section, number, 1, meaning};
+constexpr Row Field(Section section, std::int32_t number, std::u16string_view purpose,
+                    std::u16string_view inFile = {}) {
+    return {section, number, 1, purpose, inFile};
 }
+
+constexpr std::u16string_view kPlainText = u"; im Klartext";
 
 constexpr Row List(Section section, const KeyListFields& list, std::u16string_view leadsTo) {
     return {section, list.first, KeyListFields::kCount, leadsTo};
@@ -48,16 +52,16 @@ constexpr Row kRows[] = {
           u"Ordner der Arbeitsgruppendatei; relativ zum Startprogramm möglich"),
     Field(Workgroup, kFieldSysDBFilename, u"Dateiname der Arbeitsgruppendatei"),
     List(Workgroup, kSysDBRegList, u"zur Arbeitsgruppendatei"),
-    Field(Workgroup, kFieldUser, u"Benutzername für die Arbeitsgruppendatei, im Klartext"),
-    Field(Workgroup, kFieldPwd, u"Kennwort zu User, im Klartext"),
+    Field(Workgroup, kFieldUser, u"Benutzername für die Arbeitsgruppendatei", kPlainText),
+    Field(Workgroup, kFieldPwd, u"Kennwort zu User", kPlainText),
 
-    Field(Options, kFieldRuntime, u"Schalter: Access im Laufzeitmodus starten"),
-    Field(Options, kFieldExclusive, u"Schalter: Datenbank exklusiv öffnen"),
-    Field(Options, kFieldReadOnly, u"Schalter: Datenbank schreibgeschützt öffnen"),
-    Field(Options, kFieldNoStartup, u"Schalter: ohne Startformular öffnen"),
-    Field(Options, kFieldCompact, u"Schalter: Datenbank komprimieren"),
-    Field(Options, kFieldRepair, u"Schalter: Datenbank reparieren"),
-    Field(Options, kFieldDecompile, u"Schalter: Datenbank dekompilieren"),
+    Field(Options, kFieldRuntime, u"Access im Laufzeitmodus starten"),
+    Field(Options, kFieldExclusive, u"Datenbank exklusiv öffnen"),
+    Field(Options, kFieldReadOnly, u"Datenbank schreibgeschützt öffnen"),
+    Field(Options, kFieldNoStartup, u"ohne Startformular öffnen"),
+    Field(Options, kFieldCompact, u"Datenbank komprimieren"),
+    Field(Options, kFieldRepair, u"Datenbank reparieren"),
+    Field(Options, kFieldDecompile, u"Datenbank dekompilieren"),
     Field(Options, kFieldMacro, u"Name des Makros, das ausgeführt wird"),
     Field(Options, kFieldCmd, u"Text, den die Datenbank als Befehl erhält"),
 
@@ -67,12 +71,12 @@ constexpr Row kRows[] = {
           u"Anzeigedauer des Startbilds in Millisekunden; leer oder 0: kein Bild"),
     List(Picture, kPicRegList, u"zum Startbild"),
 
-    Field(Diagnosis, kFieldLog, u"Schalter: Starts und Fehler in die Protokolldatei schreiben"),
-    Field(Diagnosis, kFieldEditPwd,
-          u"Kennwort für den Diagnosebericht (/D), im Klartext; leer: keines"),
+    Field(Diagnosis, kFieldLog, u"Starts und Fehler in die Protokolldatei schreiben"),
+    Field(Diagnosis, kFieldEditPwd, u"Kennwort für den Diagnosebericht (/D); leer: keines",
+          kPlainText),
 
-    Field(Program, kFieldIconFile,
-          u"Symboldatei (.ico) des Programms; relativ zur Einstellungsdatei möglich"),
+    Field(Program, kFieldIconFile, u"Symboldatei (.ico) des Programms",
+          u"; relativ zur Einstellungsdatei möglich"),
     Field(Program, kFieldFileDescription, u"Beschreibung; im Task-Manager der Name"),
     Field(Program, kFieldCompanyName, u"Name des Herstellers"),
     Field(Program, kFieldProductName, u"Name des Produkts"),
@@ -118,20 +122,35 @@ std::vector<FieldSection> MakeSections() {
     return sections;
 }
 
-}  // namespace
-
-std::u16string FieldMeaning(const BrandField& field) {
+/// Null when the field has none.
+const Row* FindRow(const BrandField& field) {
     const auto* row = std::find_if(std::begin(kRows), std::end(kRows), [&field](const Row& each) {
         return field.number >= each.first && field.number < each.first + each.count;
     });
-    if (row == std::end(kRows)) {
+    return row != std::end(kRows) ? row : nullptr;
+}
+
+}  // namespace
+
+std::u16string FieldMeaning(const BrandField& field) {
+    const Row* row = FindRow(field);
+    if (row == nullptr) {
+        return {};
+    }
+    const std::u16string_view kind = field.kind == FieldKind::Flag ? u"Schalter: " : u"";
+    return std::u16string(kind).append(FieldPurpose(field)).append(row->inFile);
+}
+
+std::u16string FieldPurpose(const BrandField& field) {
+    const Row* row = FindRow(field);
+    if (row == nullptr) {
         return {};
     }
     if (row->count == 1) {
-        return std::u16string(row->meaning);
+        return std::u16string(row->purpose);
     }
     return text::Decimal(field.number - row->first + 1) + u". Eintrag der Schlüsselliste " +
-           std::u16string(row->meaning);
+           std::u16string(row->purpose);
 }
 
 const std::vector<FieldSection>& FieldSections() {

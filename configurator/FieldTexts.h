@@ -8,7 +8,10 @@
 
 namespace tarvex {
 
-/// What a field means, one German line.
+/// What a field is for, one German line.
+std::u16string FieldPurpose(const BrandField& field);
+
+/// The same with what is to be said of its value as it is written in a settings file.
 std::u16string FieldMeaning(const BrandField& field);
 
 /// A section of a settings file: fields that belong together.

@@ -100,5 +100,15 @@ TEST(ModelTest, EveryFieldHasAMeaningAndStandsInOneSection) {
               u"10. Eintrag der Schlüsselliste zur Arbeitsgruppendatei");
 }
 
+TEST(ModelTest, MeaningSaysHowASettingsFileHasTheValueAndPurposeDoesNot) {
+    EXPECT_EQ(FieldPurpose(Field(kFieldRuntime)), u"Access im Laufzeitmodus starten");
+    EXPECT_EQ(FieldMeaning(Field(kFieldRuntime)), u"Schalter: Access im Laufzeitmodus starten");
+    EXPECT_EQ(FieldPurpose(Field(kFieldPwd)), u"Kennwort zu User");
+    EXPECT_EQ(FieldMeaning(Field(kFieldPwd)), u"Kennwort zu User; im Klartext");
+    EXPECT_EQ(FieldPurpose(*FindField(kFieldIconFile)), u"Symboldatei (.ico) des Programms");
+    EXPECT_EQ(FieldMeaning(*FindField(kFieldIconFile)),
+              u"Symboldatei (.ico) des Programms; relativ zur Einstellungsdatei möglich");
+}
+
 }  // namespace
 }  // namespace tarvex

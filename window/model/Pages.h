@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@ namespace tarvex {
 /// that field.
 struct Page {
     std::u16string_view title;  ///< in the list of pages
+    std::u16string_view help;   ///< German, for F1; lines separated by CR LF
     std::vector<FormRow> rows;
 };
 
@@ -22,7 +24,25 @@ const std::vector<Page>& Pages();
 std::size_t PageOfField(std::int32_t number);
 
 /// Id of the row in which the field is edited: the number of the field itself, or of a key list the
-/// row of the list.
+/// row of the list. Questions.h has RowToGoTo, which knows what the user has chosen.
 std::int32_t RowOfField(std::int32_t number);
+
+// Ids of rows and buttons that are none of a field.
+
+/// Says which launcher the document is about.
+inline constexpr std::int32_t kRowProgram = 4001;
+
+/// A second row for a file name, which two answers to a question ask for.
+constexpr std::int32_t SecondRow(std::int32_t field) {
+    return 4500 + field;
+}
+
+/// The "..." button after a row: of a field, or a second row.
+constexpr std::int32_t BrowseButton(std::int32_t row) {
+    return row >= SecondRow(0) && row < 5000 ? row + 1000 : row + 2000;
+}
+
+/// The field that the row edits, a second row included; 0 when it edits none, or several.
+std::int32_t FieldOfRow(std::int32_t row);
 
 }  // namespace tarvex
