@@ -31,7 +31,7 @@ target_sources(tarvex PRIVATE ${roomFolder}/defaults.res)
 
 set_property(TARGET tarvex APPEND PROPERTY LINK_DEPENDS ${roomFolder}/defaults.res
              ${CMAKE_SOURCE_DIR}/cmake/fill_room.py ${CMAKE_SOURCE_DIR}/cmake/check_image.py
-             ${CMAKE_SOURCE_DIR}/cmake/check_room.py)
+             ${CMAKE_SOURCE_DIR}/cmake/check_program.py ${CMAKE_SOURCE_DIR}/cmake/check_room.py)
 # The limit holds for what is shipped: small enough to be sent by mail and started from a network share.
 if(TARVEX_WHOLE_PROGRAM)
     set(TARVEX_SIZE_LIMIT 294912)

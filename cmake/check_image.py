@@ -10,10 +10,14 @@ not hide itself.
 import struct
 import sys
 
+from check_program import WINDOW, Image, check_start
 from check_room import check_room
 
 BLOCK = 32768
 BOUNDARY = 16
+# What it may be linked with. Other DLLs are loaded from the system folder when they are first needed: an
+# import would be looked for in the launcher's own folder first, and every start would wait for it.
+DLLS = ("advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "user32.dll")
 SIZE_LIMIT = 288 * 1024  # bytes, unless the caller gives another one
 
 PREFIX = "@#BRD#@|".encode("utf-16-le")
@@ -53,79 +57,6 @@ FIELDS = {
 for first, list_name in ((3, "Acc"), (15, "DB"), (28, "Pic"), (54, "SysDB")):
     for index in range(10):
         FIELDS[first + index] = (500, f"{list_name}RegList{index + 1:02}")
-
-# Every function here exists on Windows XP, the oldest system that the launcher starts on. Other DLLs are
-# loaded from the system folder when they are first needed: an import would be looked for in the
-# launcher's own folder first.
-IMPORTS = {
-    "advapi32.dll": """
-        RegCloseKey RegEnumValueA RegOpenKeyA RegOpenKeyExA RegQueryValueExA
-        """,
-    "gdi32.dll": """
-        BitBlt CreateCompatibleBitmap CreateCompatibleDC CreateDIBSection CreateFontIndirectA
-        CreateFontIndirectW CreateFontW CreateSolidBrush DeleteDC DeleteObject GetDeviceCaps
-        GetObjectW GetStockObject GetTextExtentPoint32A GetTextExtentPoint32W GetTextMetricsW
-        PatBlt SelectObject SetBkColor SetBkMode SetStretchBltMode SetTextColor StretchBlt
-        TextOutW
-        """,
-    "kernel32.dll": """
-        CloseHandle CopyFileW CreateEventW CreateFileW CreateProcessW CreateSemaphoreW
-        DeleteCriticalSection DeleteFileW EnterCriticalSection ExitProcess FindResourceW
-        FlushFileBuffers FoldStringW FormatMessageW FreeLibrary GetACP GetCPInfo GetCommandLineW
-        GetCurrentDirectoryW GetCurrentProcess GetCurrentProcessId GetCurrentThread
-        GetCurrentThreadId GetDateFormatW GetFileAttributesA GetFileAttributesW GetFileSize
-        GetFileSizeEx GetFullPathNameA GetFullPathNameW GetLastError GetLocalTime GetLocaleInfoW
-        GetLongPathNameW GetModuleFileNameW GetModuleHandleA GetModuleHandleExW GetModuleHandleW
-        GetProcAddress GetProcessHeap GetShortPathNameW GetStartupInfoA GetStdHandle
-        GetSystemDefaultLangID GetSystemDirectoryW GetSystemTimeAsFileTime GetTempFileNameW
-        GetThreadPriority GetTickCount GetTimeFormatW GetUserDefaultLCID GetUserDefaultLangID
-        GetVersionExW GlobalAlloc GlobalFree GlobalLock GlobalUnlock HeapAlloc HeapFree
-        InitializeCriticalSection InterlockedCompareExchange InterlockedExchange
-        IsDBCSLeadByteEx LeaveCriticalSection LoadLibraryA LoadLibraryExW LoadLibraryW
-        LoadResource LocalFree LockFile LockResource MoveFileExW MulDiv MultiByteToWideChar
-        OutputDebugStringA QueryPerformanceCounter RaiseException ReadFile ReleaseSemaphore
-        ReplaceFileW SetCurrentDirectoryW SetEndOfFile SetErrorMode SetEvent SetFileAttributesW
-        SetFilePointer SetFilePointerEx SetLastError SetUnhandledExceptionFilter SizeofResource
-        Sleep SwitchToThread TerminateProcess TlsAlloc TlsFree TlsGetValue TlsSetValue
-        TryEnterCriticalSection UnhandledExceptionFilter UnlockFile VerSetConditionMask
-        VirtualProtect VirtualQuery WaitForInputIdle WaitForSingleObject WideCharToMultiByte
-        WriteFile lstrlenA lstrlenW
-        """,
-    "msvcrt.dll": """
-        _XcptFilter __dllonexit __getmainargs __initenv __p__acmdln __p__commode __p__fmode
-        __set_app_type __setusermatherr _amsg_exit _cexit _controlfp _errno _exit _fileno
-        _initterm _iob _isctype _lock _onexit _pctype _setmode _snprintf _strdup _unlock
-        _vsnprintf abort abs atexit atoi bsearch calloc div exit fflush fprintf fputc fputs free
-        fwrite getenv isdigit localeconv localtime malloc memccpy memchr memcmp memcpy memmove
-        memset qsort rand realloc setlocale signal sprintf strcat strchr strcmp strcpy strerror
-        strlen strncmp strncpy strtol strtoul time tolower toupper vfprintf wcschr wcscmp wcscpy
-        wcslen
-        """,
-    "user32.dll": """
-        AdjustWindowRect AdjustWindowRectEx AllowSetForegroundWindow BeginPaint BringWindowToTop
-        CallWindowProcW CharLowerBuffW CharUpperBuffW CheckMenuItem ClientToScreen
-        CreateAcceleratorTableW CreateWindowExW DefWindowProcW DestroyIcon DestroyMenu
-        DestroyWindow DialogBoxParamW DispatchMessageW DrawIconEx DrawTextA DrawTextW
-        EnableMenuItem EnableWindow EndDialog EndPaint EnumChildWindows EnumThreadWindows
-        FillRect FindWindowExW GetActiveWindow GetClassInfoExW GetClassNameW GetClientRect
-        GetCursorPos GetDC GetDesktopWindow GetDlgCtrlID GetDlgItem GetDlgItemTextA
-        GetDlgItemTextW GetForegroundWindow GetKeyState GetMenu GetMessageW GetMonitorInfoW
-        GetParent GetSysColor GetSysColorBrush GetSystemMenu GetSystemMetrics GetWindow
-        GetWindowLongA GetWindowLongW GetWindowRect GetWindowTextA GetWindowTextLengthW
-        GetWindowTextW GetWindowThreadProcessId InvalidateRect IsDialogMessageW IsIconic
-        IsWindow IsWindowVisible KillTimer LoadAcceleratorsW LoadBitmapW LoadCursorW LoadIconW
-        LoadImageW LoadMenuW LoadStringA LoadStringW MapWindowPoints MessageBeep MessageBoxA
-        MessageBoxIndirectA MessageBoxW MonitorFromPoint MonitorFromWindow MoveWindow
-        MsgWaitForMultipleObjects OffsetRect PeekMessageW PostMessageW PostThreadMessageW
-        RedrawWindow RegisterClassExW RegisterClassW ReleaseDC ScreenToClient
-        SendDlgItemMessageA SendDlgItemMessageW SendMessageA SendMessageW SetActiveWindow
-        SetCursor SetDlgItemTextA SetDlgItemTextW SetFocus SetForegroundWindow SetMenu SetRect
-        SetTimer SetWindowContextHelpId SetWindowLongA SetWindowLongW SetWindowPos SetWindowRgn
-        SetWindowTextA SetWindowTextW ShowCursor ShowWindow SystemParametersInfoA
-        SystemParametersInfoW TranslateAcceleratorW TranslateMessage UnregisterClassW
-        UpdateWindow WinHelpA WindowFromPoint
-        """,
-}
 
 
 def positions(data, pattern):
@@ -186,90 +117,13 @@ def check_size(data, limit):
         yield f"its {len(data)} bytes are more than {limit}"
 
 
-class Image:
-    """What the checks need of a 32-bit program file."""
-
-    def __init__(self, data):
-        self.data = data
-        header, = struct.unpack_from("<I", data, 0x3C)
-        if data[:2] != b"MZ" or data[header:header + 4] != b"PE\0\0":
-            raise ValueError("it is not a Windows program")
-        self.machine, section_count = struct.unpack_from("<HH", data, header + 4)
-        optional_size, = struct.unpack_from("<H", data, header + 20)
-        optional = header + 24
-        self.magic, = struct.unpack_from("<H", data, optional)
-        if self.magic != 0x10B:
-            raise ValueError("it is not a 32-bit program")
-        self.checksum_place = optional + 64
-        self.checksum, = struct.unpack_from("<I", data, self.checksum_place)
-        self.system_version = struct.unpack_from("<HH", data, optional + 48)
-        self.subsystem, = struct.unpack_from("<H", data, optional + 68)
-        self.import_address, = struct.unpack_from("<I", data, optional + 104)
-        self.resource_address, = struct.unpack_from("<I", data, optional + 112)
-        self.signature_size, = struct.unpack_from("<I", data, optional + 132)
-        self.delayed_imports, = struct.unpack_from("<I", data, optional + 200)
-        sections = optional + optional_size
-        self.sections = [
-            struct.unpack_from("<IIII", data, sections + 40 * index + 8)
-            for index in range(section_count)
-        ]
-
-    def offset(self, address):
-        for _, start, size, raw in self.sections:
-            if start <= address < start + size:
-                return address - start + raw
-        raise ValueError(f"address {address:#x} lies in no section")
-
-    def text(self, address):
-        start = self.offset(address)
-        return self.data[start:self.data.index(b"\0", start)].decode("ascii")
-
-    def imports(self):
-        """(DLL, function) of every import; the function is a number when it has no name."""
-        entry = self.offset(self.import_address)
-        while True:
-            names, _, _, dll, addresses = struct.unpack_from("<5I", self.data, entry)
-            if not dll:
-                return
-            name = self.offset(names or addresses)
-            while value := struct.unpack_from("<I", self.data, name)[0]:
-                by_number = value & 0x80000000
-                yield self.text(dll), value & 0xFFFF if by_number else self.text(value + 2)
-                name += 4
-            entry += 20
-
-
-def checksum(data, place):
-    """Of a whole file, as Windows adds it up: the field of the sum itself does not count."""
-    counted = data[:place] + bytes(4) + data[place + 4:]
-    total = sum(struct.unpack(f"<{len(counted) // 2}H", counted[:len(counted) // 2 * 2]))
-    while total >> 16:
-        total = (total & 0xFFFF) + (total >> 16)
-    return total + len(data)
-
-
 def check_program(data):
     try:
         image = Image(data)
-        if image.machine != 0x14C:
-            yield "it is not for i386"
-        if image.subsystem != 2:
-            yield "it is not a program with windows only"
-        if image.system_version > (5, 1):
-            yield f"it needs Windows {image.system_version[0]}.{image.system_version[1]}"
+        yield from check_start(image, WINDOW, DLLS)
         if image.signature_size:
             yield "it is signed; branding would break the signature"
-        if image.delayed_imports:
-            yield "it has delayed imports, which are looked for in its own folder"
-        if image.checksum not in (0, checksum(data, image.checksum_place)):
-            yield "its checksum is neither right nor zero"
         yield from check_room(image)
-        for dll, function in image.imports():
-            known = IMPORTS.get(dll.lower())
-            if known is None:
-                yield f"it imports {function} from {dll}, which is not a known system DLL"
-            elif function not in known.split():
-                yield f"it imports {function} from {dll}, which Windows XP is not known to have"
     except (ValueError, struct.error) as error:
         yield str(error)
 

@@ -14,25 +14,6 @@ TEXTS = (
 ).split()
 
 
-def resources(image):
-    """{(type, number): (place in the file, size)}"""
-    root = image.offset(image.resource_address)
-
-    def children(directory):
-        named, numbered = struct.unpack_from("<HH", image.data, directory + 12)
-        for index in range(named + numbered):
-            number, place = struct.unpack_from("<II", image.data, directory + 16 + 8 * index)
-            yield number, root + (place & 0x7FFFFFFF)
-
-    found = {}
-    for kind, kinds in children(root):
-        for number, numbers in children(kinds):
-            for _, entry in children(numbers):
-                address, size = struct.unpack_from("<II", image.data, entry)
-                found[kind, number] = image.offset(address), size
-    return found
-
-
 def check_table(data, found):
     places = [
         *found[ICON, 1][:1], POOL_SIZE,
@@ -143,7 +124,7 @@ def check_no_marks(data, found):
 def check_room(image):
     """Every reason why this image's room cannot be used."""
     try:
-        found = resources(image)
+        found = image.resources()
         for check in (check_table, check_icon, check_version, check_no_marks):
             yield from check(image.data, found)
     except (KeyError, ValueError, struct.error) as error:

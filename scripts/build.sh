@@ -16,5 +16,7 @@ mkdir -p dist/win32 dist/linux
 install -m 0755 build/win32/tarvex.exe build/win32-tools/tarvexcf.com build/win32-tools/tarvexcf.exe \
     dist/win32/
 install -m 0755 build/linux/tarvexcf dist/linux/
+dist/linux/tarvexcf man >dist/linux/tarvexcf.1
+dist/linux/tarvexcf completion bash >dist/linux/tarvexcf.bash
 echo "== In dist/:"
 ls -l dist/win32 dist/linux

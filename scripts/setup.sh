@@ -15,6 +15,7 @@ native_packages=(
     # checks
     clang clang-tidy clang-format clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev
     shellcheck
+    python3-markdown # the package's documents
     # running the Windows programs
     wine wine64 fonts-wine fonts-liberation xvfb openbox imagemagick xdotool x11-utils locales
     util-linux procps

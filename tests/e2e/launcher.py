@@ -55,6 +55,10 @@ class Programs:
         self.winhelp = self._find(environment, "TARVEX_E2E_BIN", "winhlp32.exe")
         self.planted = self._find(environment, "TARVEX_E2E_BIN", "planted.dll")
         self.watcher = self._find(environment, "TARVEX_E2E_BIN", "watcher.exe")
+        self.window = self._find(
+            environment, "TARVEX_WIN32_DIST", "tarvexcf.exe", needed=False
+        )
+        self.bare_dialog = self._find(environment, "TARVEX_E2E_BIN", "baredialog.exe")
         self.worlds = self._find(environment, "TARVEX_E2E_BIN", "worlds.exe")
 
     @staticmethod

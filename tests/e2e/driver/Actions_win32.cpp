@@ -99,6 +99,15 @@ void Driver::AwaitSettledWindow(const Action& action) {
     WriteJson(json_, seen);
 }
 
+void Driver::AwaitIdle(const Action&) {
+    // The program waits for its user, and its window has answered what was sent before.
+    DWORD_PTR answer = 0;
+    if (!program_.WaitForIdle(limitMs_) ||
+        SendMessageTimeoutW(Current(), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, limitMs_, &answer) == 0) {
+        throw StepFailure{u"timeout", u"the program did not wait for its user"};
+    }
+}
+
 void Driver::Dump(const Action&) {
     json_.Key("window");
     WriteJson(json_, ReadWindow(Current()));
@@ -287,6 +296,7 @@ Driver::Handler Driver::HandlerOf(const std::u16string& verb) {
         {u"start", &Driver::Start},
         {u"window", &Driver::AwaitSettledWindow},
         {u"appear", &Driver::AwaitWindow},
+        {u"idle", &Driver::AwaitIdle},
         {u"dump", &Driver::Dump},
         {u"press", &Driver::Press},
         {u"command", &Driver::Command},

@@ -39,6 +39,7 @@ private:
     void Start(const Action& action);
     void AwaitSettledWindow(const Action& action);
     void AwaitWindow(const Action& action);
+    void AwaitIdle(const Action& action);
     void Dump(const Action& action);
     void Press(const Action& action);
     void Command(const Action& action);

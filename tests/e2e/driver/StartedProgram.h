@@ -27,6 +27,9 @@ public:
     /// Waits for its end; false when it still runs after that time.
     bool WaitForEnd(std::uint32_t milliseconds) const;
 
+    /// Waits until it waits for its user for the first time; false when it does not in that time.
+    bool WaitForIdle(std::uint32_t milliseconds) const;
+
     /// Nothing while it runs.
     std::optional<std::uint32_t> ExitCode() const;
 

@@ -52,6 +52,10 @@ bool StartedProgram::WaitForEnd(std::uint32_t milliseconds) const {
     return WaitForSingleObject(process_, milliseconds) == WAIT_OBJECT_0;
 }
 
+bool StartedProgram::WaitForIdle(std::uint32_t milliseconds) const {
+    return WaitForInputIdle(process_, milliseconds) == 0;
+}
+
 std::optional<std::uint32_t> StartedProgram::ExitCode() const {
     DWORD code = 0;
     if (!WaitForEnd(0) || GetExitCodeProcess(process_, &code) == FALSE) {

@@ -1,0 +1,2 @@
+#define IDD_BARE 1
+#define IDC_TEXT 100
