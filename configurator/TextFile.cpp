@@ -1,6 +1,7 @@
 #include "configurator/TextFile.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/Text.h"
 
@@ -75,6 +76,12 @@ DecodedText DecodeText(std::string_view bytes, ZeroBytes zeroBytes) {
         return DecodeUtf16(bytes, false);
     }
     return DecodeUtf8(bytes);
+}
+
+std::u16string DecodeSavedText(std::string_view bytes, const TextCodec& codec) {
+    DecodedText decoded = DecodeText(bytes, ZeroBytes::HalvesOfUtf16);
+    return decoded.badLine != 0 && IsUnmarkedText(bytes) ? codec.FromAnsi(bytes)
+                                                         : std::move(decoded.text);
 }
 
 bool IsUnmarkedText(std::string_view bytes) {

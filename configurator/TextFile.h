@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/TextCodec.h"
+
 namespace tarvex {
 
 /// Byte order marks at the start of text files.
@@ -28,6 +30,10 @@ DecodedText DecodeText(std::string_view bytes, ZeroBytes zeroBytes = ZeroBytes::
 
 /// True when neither a byte order mark nor zero bytes say what text the bytes are.
 bool IsUnmarkedText(std::string_view bytes);
+
+/// A text that the launcher saved in the code page of its computer, or an editor in UTF-8 or UTF-16
+/// later.
+std::u16string DecodeSavedText(std::string_view bytes, const TextCodec& codec);
 
 /// UTF-16 of either byte order without a mark; an odd last byte is dropped.
 std::u16string FromUtf16(std::string_view bytes, bool highFirst);

@@ -379,14 +379,10 @@ private:
         }
     }
 
-    /// A log file of the launcher is in the code page of its computer.
     static std::u16string ProtocolText(std::string_view bytes, const TextCodec& codec) {
-        DecodedText decoded = DecodeText(bytes);
-        if (decoded.badLine != 0) {
-            decoded.text = codec.FromAnsi(bytes);
-        }
+        const std::u16string saved = DecodeSavedText(bytes, codec);
         std::u16string result;
-        for (const std::u16string_view line : TextLines(decoded.text)) {
+        for (const std::u16string_view line : TextLines(saved)) {
             result.append(line).append(text::kLineBreak);
         }
         return result;
