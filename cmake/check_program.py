@@ -35,28 +35,29 @@ IMPORTS = {
         """,
     "kernel32.dll": """
         CloseHandle CopyFileW CreateEventW CreateFileW CreateProcessW CreateSemaphoreW
-        DeleteCriticalSection DeleteFileW EnterCriticalSection ExitProcess FindClose
-        FindFirstFileW FindNextFileW FindResourceW FlushFileBuffers FoldStringW FormatMessageW
-        FreeLibrary GetACP GetCPInfo GetCommandLineW GetConsoleMode GetCurrentDirectoryW
-        GetCurrentProcess GetCurrentProcessId GetCurrentThread GetCurrentThreadId GetDateFormatW
-        GetEnvironmentVariableW GetFileAttributesA GetFileAttributesW GetFileInformationByHandle
-        GetFileSize GetFileSizeEx GetFullPathNameA GetFullPathNameW GetLastError GetLocalTime
-        GetLocaleInfoW GetLongPathNameW GetModuleFileNameW GetModuleHandleA GetModuleHandleExW
-        GetModuleHandleW GetProcAddress GetProcessHeap GetShortPathNameW GetStartupInfoA
-        GetStdHandle GetSystemDefaultLangID GetSystemDirectoryW GetSystemTimeAsFileTime
-        GetTempFileNameW GetThreadPriority GetTickCount GetTimeFormatW GetUserDefaultLCID
-        GetUserDefaultLangID GetVersionExW GlobalAlloc GlobalFree GlobalLock GlobalUnlock
-        HeapAlloc HeapFree InitializeCriticalSection InterlockedCompareExchange
-        InterlockedExchange IsDBCSLeadByteEx LeaveCriticalSection LoadLibraryA LoadLibraryExW
-        LoadLibraryW LoadResource LocalFree LockFile LockResource MoveFileExW MulDiv
-        MultiByteToWideChar OutputDebugStringA QueryPerformanceCounter RaiseException
-        ReadConsoleW ReadFile ReleaseSemaphore ReplaceFileW SetConsoleCtrlHandler SetConsoleMode
-        SetCurrentDirectoryW SetEndOfFile SetErrorMode SetEvent SetFileAttributesW
-        SetFilePointer SetFilePointerEx SetLastError SetUnhandledExceptionFilter SizeofResource
-        Sleep SwitchToThread TerminateProcess TlsAlloc TlsFree TlsGetValue TlsSetValue
-        TryEnterCriticalSection UnhandledExceptionFilter UnlockFile VerSetConditionMask
-        VirtualProtect VirtualQuery WaitForInputIdle WaitForSingleObject WideCharToMultiByte
-        WriteConsoleW WriteFile lstrlenA lstrlenW
+        CreateThread DeleteCriticalSection DeleteFileW EnterCriticalSection ExitProcess
+        FindClose FindFirstFileW FindNextFileW FindResourceW FlushFileBuffers FoldStringW
+        FormatMessageW FreeLibrary GetACP GetCPInfo GetCommandLineW GetConsoleMode
+        GetCurrentDirectoryW GetCurrentProcess GetCurrentProcessId GetCurrentThread
+        GetCurrentThreadId GetDateFormatW GetEnvironmentVariableW GetFileAttributesA
+        GetFileAttributesW GetFileInformationByHandle GetFileSize GetFileSizeEx GetFullPathNameA
+        GetFullPathNameW GetLastError GetLocalTime GetLocaleInfoW GetLongPathNameW
+        GetModuleFileNameW GetModuleHandleA GetModuleHandleExW GetModuleHandleW GetProcAddress
+        GetProcessHeap GetShortPathNameW GetStartupInfoA GetStdHandle GetSystemDefaultLangID
+        GetSystemDirectoryW GetSystemTimeAsFileTime GetTempFileNameW GetThreadPriority
+        GetTickCount GetTimeFormatW GetUserDefaultLCID GetUserDefaultLangID GetVersionExW
+        GlobalAlloc GlobalFree GlobalLock GlobalSize GlobalUnlock HeapAlloc HeapFree
+        InitializeCriticalSection InterlockedCompareExchange InterlockedExchange
+        IsDBCSLeadByteEx LeaveCriticalSection LoadLibraryA LoadLibraryExW LoadLibraryW
+        LoadResource LocalFree LockFile LockResource MoveFileExW MulDiv MultiByteToWideChar
+        OutputDebugStringA QueryPerformanceCounter RaiseException ReadConsoleW ReadFile
+        ReleaseSemaphore ReplaceFileW SetConsoleCtrlHandler SetConsoleMode SetCurrentDirectoryW
+        SetEndOfFile SetErrorMode SetEvent SetFileAttributesW SetFilePointer SetFilePointerEx
+        SetLastError SetUnhandledExceptionFilter SizeofResource Sleep SwitchToThread
+        TerminateProcess TlsAlloc TlsFree TlsGetValue TlsSetValue TryEnterCriticalSection
+        UnhandledExceptionFilter UnlockFile VerSetConditionMask VirtualProtect VirtualQuery
+        WaitForInputIdle WaitForSingleObject WideCharToMultiByte WriteConsoleW WriteFile
+        lstrcpynW lstrlenA lstrlenW
         """,
     "msvcrt.dll": """
         _XcptFilter __dllonexit __getmainargs __initenv __mb_cur_max __p___argv __p__acmdln
@@ -69,28 +70,32 @@ IMPORTS = {
         toupper vfprintf wcschr wcscmp wcscpy wcslen
         """,
     "shell32.dll": """
-        CommandLineToArgvW
+        CommandLineToArgvW DragFinish DragQueryFileW
         """,
     "user32.dll": """
-        AdjustWindowRect AdjustWindowRectEx AllowSetForegroundWindow BeginPaint BringWindowToTop
-        CallWindowProcW CharLowerBuffW CharUpperBuffW CheckMenuItem ClientToScreen
-        CreateAcceleratorTableW CreateWindowExW DefWindowProcW DestroyIcon DestroyMenu
-        DestroyWindow DialogBoxParamW DispatchMessageW DrawIconEx DrawTextA DrawTextW
-        EnableMenuItem EnableWindow EndDialog EndPaint EnumChildWindows EnumThreadWindows
-        FillRect FindWindowExW GetActiveWindow GetClassInfoExW GetClassNameW GetClientRect
-        GetCursorPos GetDC GetDesktopWindow GetDlgCtrlID GetDlgItem GetDlgItemTextA
-        GetDlgItemTextW GetForegroundWindow GetKeyState GetMenu GetMessageW GetMonitorInfoW
-        GetParent GetSysColor GetSysColorBrush GetSystemMenu GetSystemMetrics GetWindow
-        GetWindowLongA GetWindowLongW GetWindowRect GetWindowTextA GetWindowTextLengthW
-        GetWindowTextW GetWindowThreadProcessId InvalidateRect IsDialogMessageW IsIconic
-        IsWindow IsWindowVisible KillTimer LoadAcceleratorsW LoadBitmapW LoadCursorW LoadIconW
-        LoadImageW LoadMenuW LoadStringA LoadStringW MapWindowPoints MessageBeep MessageBoxA
-        MessageBoxIndirectA MessageBoxW MonitorFromPoint MonitorFromWindow MoveWindow
-        MsgWaitForMultipleObjects OffsetRect PeekMessageW PostMessageW PostThreadMessageW
-        RedrawWindow RegisterClassExW RegisterClassW ReleaseDC ScreenToClient
+        AdjustWindowRect AdjustWindowRectEx AllowSetForegroundWindow AppendMenuW BeginPaint
+        BringWindowToTop CallWindowProcW CharLowerBuffW CharUpperBuffW CheckMenuItem
+        ClientToScreen CloseClipboard CreateAcceleratorTableW CreateMenu CreatePopupMenu
+        CreateWindowExW DefWindowProcW DeleteMenu DestroyIcon DestroyMenu DestroyWindow
+        DialogBoxParamW DispatchMessageW DrawFocusRect DrawIcon DrawIconEx DrawTextA DrawTextW
+        EmptyClipboard EnableMenuItem EnableWindow EndDialog EndPaint EnumChildWindows
+        EnumThreadWindows FillRect FindWindowExW GetActiveWindow GetAncestor GetClassInfoExW
+        GetClassNameW GetClientRect GetClipboardData GetCursorPos GetDC GetDesktopWindow
+        GetDlgCtrlID GetDlgItem GetDlgItemTextA GetDlgItemTextW GetFocus GetForegroundWindow
+        GetKeyState GetMenu GetMenuItemID GetMessageW GetMonitorInfoW GetNextDlgTabItem
+        GetParent GetScrollInfo GetSubMenu GetSysColor GetSysColorBrush GetSystemMenu
+        GetSystemMetrics GetWindow GetWindowLongA GetWindowLongW GetWindowRect GetWindowTextA
+        GetWindowTextLengthW GetWindowTextW GetWindowThreadProcessId InsertMenuW InvalidateRect
+        IsChild IsDialogMessageW IsIconic IsWindow IsWindowEnabled IsWindowVisible KillTimer
+        LoadAcceleratorsW LoadBitmapW LoadCursorW LoadIconW LoadImageW LoadMenuW LoadStringA
+        LoadStringW MapWindowPoints MessageBeep MessageBoxA MessageBoxIndirectA MessageBoxW
+        MonitorFromPoint MonitorFromWindow MoveWindow MsgWaitForMultipleObjects OffsetRect
+        OpenClipboard PeekMessageW PostMessageW PostThreadMessageW PtInRect RedrawWindow
+        RegisterClassExW RegisterClassW ReleaseCapture ReleaseDC ScreenToClient ScrollWindowEx
         SendDlgItemMessageA SendDlgItemMessageW SendMessageA SendMessageW SetActiveWindow
-        SetCursor SetDlgItemTextA SetDlgItemTextW SetFocus SetForegroundWindow SetMenu SetRect
-        SetTimer SetWindowContextHelpId SetWindowLongA SetWindowLongW SetWindowPos SetWindowRgn
+        SetCapture SetClipboardData SetCursor SetDlgItemTextA SetDlgItemTextW SetFocus
+        SetForegroundWindow SetMenu SetRect SetScrollInfo SetScrollPos SetTimer
+        SetWindowContextHelpId SetWindowLongA SetWindowLongW SetWindowPos SetWindowRgn
         SetWindowTextA SetWindowTextW ShowCursor ShowWindow SystemParametersInfoA
         SystemParametersInfoW TranslateAcceleratorW TranslateMessage UnregisterClassW
         UpdateWindow WinHelpA WindowFromPoint

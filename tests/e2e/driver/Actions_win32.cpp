@@ -15,21 +15,6 @@ namespace {
 /// boxes are renamed by a timer shortly after the box is shown.
 constexpr DWORD kSettledMs = 200;
 
-const std::u16string& Argument(const Action& action, std::size_t index) {
-    if (index >= action.arguments.size()) {
-        throw StepFailure{u"script", action.verb + u" needs more arguments"};
-    }
-    return action.arguments[index];
-}
-
-std::int32_t Number(const Action& action, std::size_t index) {
-    const auto number = text::ParseInt32(Argument(action, index));
-    if (!number) {
-        throw StepFailure{u"script", Argument(action, index) + u" is not a number"};
-    }
-    return *number;
-}
-
 std::u16string SystemError(const std::u16string& what, DWORD error) {
     return what + u" failed with the system's error " + text::Decimal(error);
 }
@@ -168,6 +153,10 @@ void Driver::SetText(const Action& action) {
                             limitMs_, &result) == 0) {
         throw StepFailure{u"timeout", u"the control did not take its text"};
     }
+    if ((control.style & ES_MULTILINE) != 0) {  // tells its parent of what is typed only
+        Deliver(GetParent(target), WM_COMMAND, MAKEWPARAM(static_cast<WORD>(control.id), EN_CHANGE),
+                reinterpret_cast<LPARAM>(target));
+    }
 }
 
 void Driver::Resize(const Action& action) {
@@ -298,6 +287,12 @@ Driver::Handler Driver::HandlerOf(const std::u16string& verb) {
         {u"appear", &Driver::AwaitWindow},
         {u"idle", &Driver::AwaitIdle},
         {u"dump", &Driver::Dump},
+        {u"read", &Driver::Read},
+        {u"focus", &Driver::ReadFocus},
+        {u"push", &Driver::Push},
+        {u"select", &Driver::Select},
+        {u"drop", &Driver::Drop},
+        {u"dpi", &Driver::ChangeDpi},
         {u"press", &Driver::Press},
         {u"command", &Driver::Command},
         {u"keys", &Driver::Keys},

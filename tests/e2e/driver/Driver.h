@@ -23,10 +23,11 @@ public:
     /// Takes back what the script put into the environment.
     ~Driver();
 
-    /// Stops at the first action that fails. True when none did.
+    /// Stops at the first action that fails. True when none did. Can be called again: the program
+    /// goes on running.
     bool Run(const std::vector<Action>& script);
 
-    /// The report in JSON, complete after Run.
+    /// The report of the last run in JSON.
     const std::string& Report() const { return json_.Text(); }
 
 private:
@@ -41,6 +42,12 @@ private:
     void AwaitWindow(const Action& action);
     void AwaitIdle(const Action& action);
     void Dump(const Action& action);
+    void Read(const Action& action);
+    void ReadFocus(const Action& action);
+    void Push(const Action& action);
+    void Select(const Action& action);
+    void Drop(const Action& action);
+    void ChangeDpi(const Action& action);
     void Press(const Action& action);
     void Command(const Action& action);
     void Keys(const Action& action);
@@ -68,6 +75,8 @@ private:
     Control FindControl(const std::function<bool(const Control&)>& matches,
                         const std::u16string& what) const;
     Control ControlWithId(const std::u16string& id) const;
+    void Deliver(WindowHandle window, std::uint32_t message, std::uintptr_t first,
+                 std::intptr_t second) const;
     WindowHandle Current() const;
     bool Known(WindowHandle window) const;
     void RefuseUnknownWindow() const;

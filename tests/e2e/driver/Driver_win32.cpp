@@ -31,6 +31,7 @@ Driver::~Driver() {
 
 bool Driver::Run(const std::vector<Action>& script) {
     bool ok = true;
+    json_ = Json();
     json_.Begin('{').Key("steps").Begin('[');
     for (const Action& action : script) {
         json_.Begin('{').Member("line", static_cast<std::int64_t>(action.line));

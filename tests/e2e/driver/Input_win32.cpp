@@ -13,11 +13,12 @@ struct NamedKey {
 };
 
 constexpr NamedKey kNamedKeys[] = {
-    {u"Ctrl", VK_CONTROL}, {u"Alt", VK_MENU},      {u"Shift", VK_SHIFT},    {u"Esc", VK_ESCAPE},
-    {u"Enter", VK_RETURN}, {u"Tab", VK_TAB},       {u"Space", VK_SPACE},    {u"Up", VK_UP},
-    {u"Down", VK_DOWN},    {u"Left", VK_LEFT},     {u"Right", VK_RIGHT},    {u"Home", VK_HOME},
-    {u"End", VK_END},      {u"Delete", VK_DELETE}, {u"Backspace", VK_BACK}, {u"F1", VK_F1},
-    {u"F4", VK_F4},        {u"F10", VK_F10},
+    {u"Ctrl", VK_CONTROL},  {u"Alt", VK_MENU},      {u"Shift", VK_SHIFT},    {u"Esc", VK_ESCAPE},
+    {u"Enter", VK_RETURN},  {u"Tab", VK_TAB},       {u"Space", VK_SPACE},    {u"Up", VK_UP},
+    {u"Down", VK_DOWN},     {u"Left", VK_LEFT},     {u"Right", VK_RIGHT},    {u"Home", VK_HOME},
+    {u"End", VK_END},       {u"Delete", VK_DELETE}, {u"Backspace", VK_BACK}, {u"F1", VK_F1},
+    {u"F4", VK_F4},         {u"F5", VK_F5},         {u"F6", VK_F6},          {u"F10", VK_F10},
+    {u"Insert", VK_INSERT}, {u"PageUp", VK_PRIOR},  {u"PageDown", VK_NEXT},
 };
 
 /// 0 when there is no such key.

@@ -1,5 +1,6 @@
 #include "tests/e2e/driver/Script.h"
 
+#include "tests/e2e/driver/StepFailure.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -56,6 +57,21 @@ std::vector<Action> ParseScript(std::string_view utf8) {
         actions.push_back(std::move(action));
     }
     return actions;
+}
+
+const std::u16string& Argument(const Action& action, std::size_t index) {
+    if (index >= action.arguments.size()) {
+        throw StepFailure{u"script", action.verb + u" needs more arguments"};
+    }
+    return action.arguments[index];
+}
+
+std::int32_t Number(const Action& action, std::size_t index) {
+    const auto number = text::ParseInt32(Argument(action, index));
+    if (!number) {
+        throw StepFailure{u"script", Argument(action, index) + u" is not a number"};
+    }
+    return *number;
 }
 
 std::u16string Describe(const Action& action) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,10 @@ struct Action {
 /// The actions of a script in UTF-8, with or without byte order mark. Empty lines and lines that
 /// start with "#" are left out. "\n", "\r", "\t" and "\\" in an argument stand for the characters.
 std::vector<Action> ParseScript(std::string_view utf8);
+
+/// An argument by its 0-based number. Fails when there is none, or no number.
+const std::u16string& Argument(const Action& action, std::size_t index);
+std::int32_t Number(const Action& action, std::size_t index);
 
 /// The action as one line for people.
 std::u16string Describe(const Action& action);

@@ -23,6 +23,7 @@ public:
 
     bool Started() const { return process_ != nullptr; }
     std::uint32_t Id() const { return id_; }
+    void* Process() const { return process_; }  ///< its handle, this object's
 
     /// Waits for its end; false when it still runs after that time.
     bool WaitForEnd(std::uint32_t milliseconds) const;

@@ -3,7 +3,9 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/win32/WindowsApi.h"
 #include "tests/e2e/driver/Driver.h"
@@ -12,7 +14,8 @@
 namespace {
 
 /// 0 when every action succeeded, 1 when one failed, 2 when the script could not even begin.
-int RunScript(const std::string& scriptFile, const std::string& reportFile) {
+int RunScript(tarvex::Driver& driver, const std::string& scriptFile,
+              const std::string& reportFile) {
     std::ifstream script(scriptFile, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(script), {}};
     std::ofstream report(reportFile, std::ios::binary);
@@ -20,21 +23,31 @@ int RunScript(const std::string& scriptFile, const std::string& reportFile) {
         std::fputs("uidriver: cannot open the script or the report\n", stderr);
         return 2;
     }
-    tarvex::Driver driver;
     const bool ok = driver.Run(tarvex::ParseScript(text));
     report << driver.Report() << '\n';
     return report.flush() && ok ? 0 : 1;
 }
 
 /// Carries out script after script: each line of the input is "SCRIPT<tab>REPORT", each line of the
-/// output what RunScript returned. Starting a program takes longer than most scripts.
+/// output what RunScript returned. Starting a program takes longer than most scripts. After
+/// "<tab>keep" the next script goes on with the program of this one.
 int RunScriptsOfInput() {
+    constexpr std::string_view kKeep = "\tkeep";
+    auto driver = std::make_unique<tarvex::Driver>();
     for (std::string line; std::getline(std::cin, line);) {
+        const bool keep = line.ends_with(kKeep);
+        if (keep) {
+            line.resize(line.size() - kKeep.size());
+        }
         const std::size_t tab = line.find('\t');
         if (tab == std::string::npos) {
             return 2;
         }
-        std::cout << RunScript(line.substr(0, tab), line.substr(tab + 1)) << std::endl;
+        const int result = RunScript(*driver, line.substr(0, tab), line.substr(tab + 1));
+        if (!keep) {
+            driver = std::make_unique<tarvex::Driver>();
+        }
+        std::cout << result << std::endl;
     }
     return 0;
 }
@@ -54,5 +67,6 @@ int main(int count, char** arguments) {
         std::fputs("usage: uidriver SCRIPT REPORT | uidriver -\n", stderr);
         return 2;
     }
-    return RunScript(arguments[1], arguments[2]);
+    tarvex::Driver driver;
+    return RunScript(driver, arguments[1], arguments[2]);
 }
