@@ -1,13 +1,64 @@
+#include <string>
+#include <vector>
+
+#include "platform/win32/Handles.h"
 #include "platform/win32/SystemLibrary.h"
+#include "platform/win32/WideText.h"
 #include "platform/win32/Win32Cleanup.h"
-#include "platform/win32/WindowsApi.h"
+#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32FolderListing.h"
+#include "platform/win32/Win32TextCodec.h"
+#include "window/model/MainModel.h"
 #include "window/views/MainWindow_win32.h"
+#include "window/views/Win32ProgramStarter_win32.h"
+#include "window/views/Win32UserDialogs_win32.h"
+#include "window/views/Win32UserSettings_win32.h"
+
+namespace tarvex {
+namespace {
+
+std::u16string PathOfProgram() {
+    return ReadGrowing([](wchar_t* buffer, unsigned long size) {
+        const DWORD length = GetModuleFileNameW(nullptr, buffer, size);
+        return GrowingRead{length, length >= size};
+    });
+}
+
+/// What the program was started with; empty: nothing.
+std::u16string FirstArgument() {
+    int count = 0;
+    wchar_t** list = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::u16string argument;
+    if (list != nullptr && count > 1) {
+        argument = FromWide(list[1]);
+    }
+    LocalFree(list);
+    return argument;
+}
+
+void RunWindow() {
+    Win32FileStore store;
+    const SingleByteTextCodec codec;
+    const Win32FolderListing folders;
+    Win32UserSettings settings;
+    Win32ProgramStarter starter;
+    const SystemTextCodec ansi;
+    Win32UserDialogs dialogs(u"Tarvex-Konfiguration", ansi);
+    MainModel model({store, codec, dialogs, settings, starter, PathOfProgram()}, folders);
+    MainWindow window(model, settings);
+    if (window.Make()) {
+        window.Run(FirstArgument());
+    }
+}
+
+}  // namespace
+}  // namespace tarvex
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     // A refused file or an empty drive is told by the window, never in a box of the system.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     tarvex::PrepareWin32Program();
     tarvex::RestrictDllSearch();
-    tarvex::MainWindow().Run();
+    tarvex::RunWindow();
     return 0;
 }

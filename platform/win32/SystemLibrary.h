@@ -37,7 +37,7 @@ void RestrictDllSearch();
 void RestoreDllSearchForChild();
 
 /// Common controls of the system as its ICC_... numbers.
-enum class ControlClasses : unsigned { Standard = 0x4000, WithLists = 0x4001 };
+enum class ControlClasses : unsigned { Standard = 0x4000, WithListsAndBars = 0x4005 };
 
 /// Makes the common controls ready that the program's manifest asks for. On Windows XP a program
 /// with such a manifest shows neither message boxes nor controls before this was called. It takes

@@ -85,7 +85,7 @@ bool FormView::Create(HWND parent, int dpi, bool steady) {
     description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_3DFACE + 1);
     description.lpszClassName = kClassName;
     RegisterClassExW(&description);
-    PrepareCommonControls(ControlClasses::WithLists);
+    PrepareCommonControls(ControlClasses::WithListsAndBars);
     steady_ = steady;
     fonts_ = std::make_unique<FormFonts>(dpi);
     CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"",

@@ -1,17 +1,92 @@
 #pragma once
 
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/win32/Dpi.h"
 #include "platform/win32/ModalWindow.h"
+#include "window/model/MainModel.h"
+#include "window/model/UserSettings.h"
+#include "window/views/FormFonts_win32.h"
+#include "window/views/FormView_win32.h"
+#include "window/views/MenuBar_win32.h"
+#include "window/views/PageList_win32.h"
+#include "window/views/PreviewPane_win32.h"
+#include "window/views/PreviewWorker_win32.h"
+#include "window/views/SearchBox_win32.h"
+#include "window/views/Splitter_win32.h"
+#include "window/views/ToolBar_win32.h"
 
 namespace tarvex {
 
-/// The window of the configurator.
+/// The window of the configurator: shows a MainModel and hands on what the user does.
 class MainWindow : public ModalWindow {
 public:
-    /// Shows it until it is closed.
-    void Run();
+    /// Model and settings outlive the window; the settings keep its place.
+    MainWindow(MainModel& model, UserSettings& settings) : model_(model), settings_(settings) {}
+
+    /// Makes the window, hidden. False when the system refuses.
+    bool Make();
+
+    /// Shows it until it is closed, and opens the file first when there is one. Raises what a
+    /// handler raised.
+    void Run(const std::u16string& file);
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
+
+private:
+    bool CreateControls();
+    RECT StartPlace() const;
+    void KeepPlace();
+    void SetFonts(int dpi);
+    void PlaceControls();
+    int AreaBelowPages() const;
+    int PaneHeight(int available) const;
+    LRESULT PaintBackground(HDC dc) const;
+
+    template <class Action>
+    void Do(const Action& action);
+    void Refresh();
+    void ShowParts();
+    void GoTo(const Destination& destination);
+
+    bool Translate(MSG& message);
+    bool OnEnter();
+    void OnActivate(bool active);
+    void OnCommand(int id, int notification);
+    void Perform(Command command);
+    void MoveFocus(bool forward);
+    void OnTick();
+    void OnPreviewDone();
+    void OnDrop(HDROP drop);
+    void OnDpiChanged(int dpi, const RECT& bounds);
+    bool OnSplitter(UINT message, WPARAM first, LPARAM second);
+    bool MayClose();
+
+    MainModel& model_;
+    UserSettings& settings_;
+    std::unique_ptr<FormFonts> fonts_;
+    UniqueAccelerators shortcuts_;
+    ToolBar toolBar_;
+    SearchBox search_;
+    PageList pages_;
+    FormView form_;
+    PreviewPane pane_;
+    Splitter splitter_;
+    HWND status_ = nullptr;
+    std::optional<PreviewWorker> worker_;
+
+    int dpi_ = kNormalDpi;
+    int paneHeight_ = 150;  // at kNormalDpi
+    HWND lastFocus_ = nullptr;
+    std::u16string shownTitle_;
+    std::u16string shownStatus_;
+    FormModel* shownForm_ = nullptr;
+    bool shownDocument_ = false;
+    bool shownFolded_ = false;
+    bool arePartsShown_ = false;
 };
 
 }  // namespace tarvex

@@ -1,0 +1,242 @@
+#include "window/views/PreviewPane_win32.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/win32/Dpi.h"
+#include "platform/win32/Handles.h"
+#include "platform/win32/WideText.h"
+
+namespace tarvex {
+
+namespace {
+
+// At kNormalDpi.
+constexpr int kRowHeight = 23;
+constexpr int kGap = 6;
+constexpr int kPcsWidth = 170;
+constexpr int kButtonWidth = 110;
+constexpr int kListedPcs = 12;  // lines of the opened box
+
+int TextWidth(HFONT font, std::u16string_view text) {
+    const WindowDc screen(nullptr);
+    const HGDIOBJ before = SelectObject(screen.Get(), font);
+    SIZE size{};
+    const std::u16string owned(text);
+    GetTextExtentPoint32W(screen.Get(), Wide(owned), static_cast<int>(owned.size()), &size);
+    SelectObject(screen.Get(), before);
+    return size.cx;
+}
+
+void Move(HWND control, int left, int top, int width, int height) {
+    SetWindowPos(control, nullptr, left, top, std::max(width, 0), std::max(height, 0),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void SetTextOnce(HWND control, const std::u16string& before, const std::u16string& text,
+                 bool always) {
+    if (always || before != text) {
+        SetWindowTextW(control, Wide(text));
+    }
+}
+
+}  // namespace
+
+bool PreviewPane::Create(HWND window, Events events) {
+    events_ = std::move(events);
+    constexpr DWORD kReadOnly = WS_VISIBLE | WS_TABSTOP | ES_READONLY | ES_NOHIDESEL;
+    label_ = CreateControl(window, L"STATIC", L"V&orschau auf", WS_VISIBLE | SS_CENTERIMAGE, 0);
+    pcs_ = CreateControl(window, L"COMBOBOX", L"",
+                         WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kPreviewPcId);
+    // Hidden labels are what screen readers call the controls after them.
+    lineLabel_ = CreateControl(window, L"STATIC", L"Befehlszeile", 0, 0);
+    line_ = CreateControl(window, L"EDIT", L"", kReadOnly | ES_AUTOHSCROLL, kPreviewLineId,
+                          WS_EX_CLIENTEDGE);
+    button_ = CreateControl(window, L"BUTTON", L"", WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON,
+                            kFindingsButtonId);
+    textLabel_ = CreateControl(window, L"STATIC", L"Protokoll der Vorschau", 0, 0);
+    text_ = CreateControl(
+        window, L"EDIT", L"",
+        kReadOnly | ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_VSCROLL | WS_HSCROLL,
+        kPreviewTextId, WS_EX_CLIENTEDGE);
+    findingsLabel_ = CreateControl(window, L"STATIC", L"Ergebnis der Prüfung", 0, 0);
+    findings_ = CreateControl(
+        window, L"SysListView32", L"Ergebnis der Prüfung",
+        WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_NOCOLUMNHEADER | LVS_SHOWSELALWAYS,
+        kFindingsId, WS_EX_CLIENTEDGE);
+    SendMessageW(findings_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
+                 LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_INFOTIP);
+    LVCOLUMNW column{};
+    column.mask = LVCF_WIDTH;
+    SendMessageW(findings_, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+    SendMessageW(text_, EM_SETLIMITTEXT, 0, 0);
+    return findings_ != nullptr && text_ != nullptr && line_ != nullptr && pcs_ != nullptr;
+}
+
+HWND PreviewPane::CreateControl(HWND window, const wchar_t* className, const wchar_t* text,
+                                DWORD style, int id, DWORD extendedStyle) const {
+    return CreateWindowExW(extendedStyle, className, text, style | WS_CHILD, 0, 0, 0, 0, window,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                           GetModuleHandleW(nullptr), nullptr);
+}
+
+void PreviewPane::SetFonts(HFONT font, HFONT fixedFont) {
+    for (const HWND control : {label_, pcs_, line_, button_, findings_}) {
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    }
+    SendMessageW(text_, WM_SETFONT, reinterpret_cast<WPARAM>(fixedFont), TRUE);
+    font_ = font;
+}
+
+int PreviewPane::FoldedHeight(int dpi) const {
+    return Scaled(kRowHeight + 2 * kGap, dpi);
+}
+
+void PreviewPane::Place(const RECT& area, int dpi) {
+    const int gap = Scaled(kGap, dpi);
+    const int row = Scaled(kRowHeight, dpi);
+    const int top = area.top + gap;
+    int left = area.left + gap;
+    const int labelWidth = TextWidth(font_, u"Vorschau auf ");
+    Move(label_, left, top, labelWidth, row);
+    left += labelWidth + gap;
+    const int pcsWidth = Scaled(kPcsWidth, dpi);
+    Move(pcs_, left, top, pcsWidth, row * kListedPcs);
+    left += pcsWidth + gap;
+    const int buttonWidth =
+        std::max(Scaled(kButtonWidth, dpi), TextWidth(font_, state_.findingsTitle) + 4 * gap);
+    const int right = area.right - gap;
+    Move(line_, left, top, right - buttonWidth - gap - left, row);
+    Move(button_, right - buttonWidth, top, buttonWidth, row);
+    const int below = top + row + gap;
+    for (const HWND control : {text_, findings_}) {
+        Move(control, area.left + gap, below, right - area.left - gap, area.bottom - gap - below);
+    }
+    RECT inner{};
+    GetClientRect(findings_, &inner);
+    SendMessageW(findings_, LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(inner.right, 0));
+}
+
+void PreviewPane::Show(const PreviewPaneState& state) {
+    const PreviewPaneState before = std::exchange(state_, state);
+    const bool first = !std::exchange(hasState_, true);
+    if (first || before.pcs != state.pcs || before.pc != state.pc) {
+        ShowPcs();
+    }
+    SetTextOnce(line_, before.commandLine, state.commandLine, first);
+    SetTextOnce(text_, before.text, state.text, first);
+    SetTextOnce(button_, before.findingsTitle,
+                state.showsFindings ? u"Protokoll" : state.findingsTitle,
+                first || before.showsFindings != state.showsFindings);
+    if (first || before.findings != state.findings) {
+        ShowFindings();
+    }
+    ShowParts();
+    if (before.isOld != state.isOld) {
+        InvalidateRect(line_, nullptr, TRUE);
+        InvalidateRect(text_, nullptr, TRUE);
+    }
+}
+
+void PreviewPane::SetVisible(bool visible, bool folded) {
+    visible_ = visible;
+    folded_ = folded;
+    ShowParts();
+}
+
+void PreviewPane::ShowParts() const {
+    const auto show = [](HWND control, bool visible) {
+        ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
+    };
+    for (const HWND control : {label_, pcs_, line_, button_}) {
+        show(control, visible_);
+    }
+    show(text_, visible_ && !folded_ && !state_.showsFindings);
+    show(findings_, visible_ && !folded_ && state_.showsFindings);
+}
+
+void PreviewPane::ShowPcs() {
+    SendMessageW(pcs_, CB_RESETCONTENT, 0, 0);
+    for (const std::u16string& pc : state_.pcs) {
+        SendMessageW(pcs_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(pc)));
+    }
+    SendMessageW(pcs_, CB_SETCURSEL, static_cast<WPARAM>(state_.pc), 0);
+}
+
+void PreviewPane::ShowFindings() {
+    SendMessageW(findings_, LVM_DELETEALLITEMS, 0, 0);
+    int index = 0;
+    for (const std::u16string& finding : state_.findings) {
+        LVITEMW item{};
+        item.mask = LVIF_TEXT;
+        item.iItem = index++;
+        item.pszText = const_cast<wchar_t*>(Wide(finding));
+        SendMessageW(findings_, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+bool PreviewPane::Contains(HWND control) const {
+    const std::array<HWND, 5> controls = {pcs_, line_, button_, text_, findings_};
+    return std::find(controls.begin(), controls.end(), control) != controls.end();
+}
+
+void PreviewPane::FocusFindings() const {
+    LVITEMW item{};
+    item.state = item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    SendMessageW(findings_, LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&item));
+    SetFocus(findings_);
+}
+
+bool PreviewPane::OnCommand(int id, int notification) {
+    if (id == kPreviewPcId && notification == CBN_SELCHANGE) {
+        events_.choosePc(static_cast<std::int32_t>(SendMessageW(pcs_, CB_GETCURSEL, 0, 0)));
+        return true;
+    }
+    if (id == kFindingsButtonId && notification == BN_CLICKED) {
+        events_.toggleFindings();
+        return true;
+    }
+    return id >= kPreviewPcId && id <= kFindingsButtonId;
+}
+
+bool PreviewPane::OnNotify(const NMHDR& header) {
+    if (header.hwndFrom != findings_) {
+        return false;
+    }
+    if (header.code == static_cast<UINT>(NM_DBLCLK)) {
+        GoToSelected();
+    }
+    return true;
+}
+
+bool PreviewPane::OnEnter(HWND control) {
+    if (control == findings_) {
+        GoToSelected();
+        return true;
+    }
+    if (control == button_) {
+        events_.toggleFindings();
+        return true;
+    }
+    return Contains(control);
+}
+
+void PreviewPane::GoToSelected() const {
+    const LRESULT selected =
+        SendMessageW(findings_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+    if (selected >= 0) {
+        events_.goToFinding(static_cast<std::size_t>(selected));
+    }
+}
+
+HBRUSH PreviewPane::OnColor(HDC dc, HWND control) const {
+    if (control != line_ && control != text_) {
+        return nullptr;
+    }
+    SetTextColor(dc, GetSysColor(state_.isOld ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
+    SetBkColor(dc, GetSysColor(COLOR_WINDOW));
+    return GetSysColorBrush(COLOR_WINDOW);
+}
+
+}  // namespace tarvex

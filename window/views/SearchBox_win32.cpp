@@ -1,0 +1,166 @@
+#include "window/views/SearchBox_win32.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/win32/Dpi.h"
+#include "platform/win32/WideText.h"
+
+namespace tarvex {
+
+namespace {
+
+// At kNormalDpi.
+constexpr int kBoxWidth = 170;
+constexpr int kListWidth = 380;
+constexpr int kLabelWidth = 46;
+constexpr int kGap = 6;
+constexpr int kMostLines = 10;
+
+std::u16string TextOf(HWND control) {
+    return ReadGrowing([control](wchar_t* buffer, unsigned long size) {
+        const auto length =
+            static_cast<unsigned long>(GetWindowTextW(control, buffer, static_cast<int>(size)));
+        return GrowingRead{length, length + 1 >= size};
+    });
+}
+
+}  // namespace
+
+bool SearchBox::Create(HWND window, Events events) {
+    events_ = std::move(events);
+    const auto create = [window](const wchar_t* name, const wchar_t* text, DWORD style, int id,
+                                 DWORD extendedStyle) {
+        return CreateWindowExW(extendedStyle, name, text, style | WS_CHILD, 0, 0, 0, 0, window,
+                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                               GetModuleHandleW(nullptr), nullptr);
+    };
+    label_ = create(L"STATIC", L"Suche:", WS_VISIBLE | SS_CENTERIMAGE | SS_RIGHT, 0, 0);
+    edit_ =
+        create(L"EDIT", L"", WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, kSearchId, WS_EX_CLIENTEDGE);
+    list_ = create(L"LISTBOX", L"Gefundene Einstellungen",
+                   WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_CLIPSIBLINGS,
+                   kSearchHitsId, 0);
+    return edit_ != nullptr && list_ != nullptr;
+}
+
+void SearchBox::SetFont(HFONT font, int dpi) {
+    font_ = font;
+    dpi_ = dpi;
+    for (const HWND control : {label_, edit_, list_}) {
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    }
+}
+
+void SearchBox::Place(const RECT& row) {
+    const int height = static_cast<int>(row.bottom - row.top);
+    const int left = row.right - Scaled(kBoxWidth, dpi_);
+    const int labelLeft = left - Scaled(kLabelWidth + kGap, dpi_);
+    MoveWindow(label_, labelLeft, row.top, Scaled(kLabelWidth, dpi_), height, TRUE);
+    MoveWindow(edit_, left, row.top, Scaled(kBoxWidth, dpi_), height, TRUE);
+    RECT list{};
+    GetWindowRect(list_, &list);
+    SetWindowPos(list_, HWND_TOP, row.right - Scaled(kListWidth, dpi_), row.bottom,
+                 Scaled(kListWidth, dpi_), static_cast<int>(list.bottom - list.top),
+                 SWP_NOACTIVATE);
+}
+
+void SearchBox::SetVisible(bool visible) const {
+    for (const HWND control : {label_, edit_}) {
+        ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
+    }
+    CloseList();
+}
+
+void SearchBox::Focus() const {
+    SetFocus(edit_);
+    SendMessageW(edit_, EM_SETSEL, 0, -1);
+}
+
+void SearchBox::CloseList() const {
+    ShowWindow(list_, SW_HIDE);
+}
+
+bool SearchBox::OnCommand(int id, int notification) {
+    if (id == kSearchId) {
+        if (notification == EN_CHANGE) {
+            Find();
+        } else if (notification == EN_KILLFOCUS && GetFocus() != list_) {
+            CloseList();
+        }
+        return true;
+    }
+    if (id == kSearchHitsId) {
+        if (notification == LBN_SELCHANGE) {
+            Choose();
+        } else if (notification == LBN_KILLFOCUS && GetFocus() != edit_) {
+            CloseList();
+        }
+        return true;
+    }
+    return false;
+}
+
+bool SearchBox::OnKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !Contains(message.hwnd)) {
+        return false;
+    }
+    switch (message.wParam) {
+        case VK_RETURN:
+            Choose();
+            return true;
+        case VK_ESCAPE:
+            SetWindowTextW(edit_, L"");
+            CloseList();
+            SetFocus(edit_);
+            return true;
+        case VK_DOWN:
+        case VK_UP: {
+            // The box keeps the focus, so that typing goes on there.
+            const LRESULT count = SendMessageW(list_, LB_GETCOUNT, 0, 0);
+            const LRESULT step = message.wParam == VK_DOWN ? 1 : -1;
+            const LRESULT next = SendMessageW(list_, LB_GETCURSEL, 0, 0) + step;
+            if (count > 0) {
+                SendMessageW(list_, LB_SETCURSEL,
+                             static_cast<WPARAM>(std::clamp<LRESULT>(next, 0, count - 1)), 0);
+            }
+            return true;
+        }
+        default:
+            return false;
+    }
+}
+
+void SearchBox::Find() {
+    const std::u16string text = TextOf(edit_);
+    const std::vector<std::u16string> hits =
+        text.empty() ? std::vector<std::u16string>() : events_.find(text);
+    SendMessageW(list_, LB_RESETCONTENT, 0, 0);
+    for (const std::u16string& hit : hits) {
+        SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(hit)));
+    }
+    if (text.empty()) {
+        CloseList();
+        return;
+    }
+    if (hits.empty()) {
+        SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Nichts gefunden"));
+    } else {
+        SendMessageW(list_, LB_SETCURSEL, 0, 0);
+    }
+    const auto lines = std::clamp<int>(static_cast<int>(hits.size()), 1, kMostLines);
+    const auto height = static_cast<int>(SendMessageW(list_, LB_GETITEMHEIGHT, 0, 0)) * lines;
+    SetWindowPos(list_, HWND_TOP, 0, 0, Scaled(kListWidth, dpi_),
+                 height + 2 * GetSystemMetrics(SM_CYBORDER), SWP_NOMOVE | SWP_NOACTIVATE);
+    ShowWindow(list_, SW_SHOWNA);
+}
+
+void SearchBox::Choose() {
+    const LRESULT selected = SendMessageW(list_, LB_GETCURSEL, 0, 0);
+    if (selected >= 0 && IsWindowVisible(list_) != FALSE) {
+        CloseList();
+        events_.goTo(static_cast<std::size_t>(selected));
+    }
+}
+
+}  // namespace tarvex

@@ -1,0 +1,59 @@
+#include "window/views/ToolBar_win32.h"
+
+#include <vector>
+
+#include "platform/win32/WideText.h"
+#include "window/views/MenuBar_win32.h"
+
+namespace tarvex {
+
+bool ToolBar::Create(HWND window) {
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NODIVIDER |
+                             CCS_NORESIZE | CCS_NOPARENTALIGN;
+    bar_ = CreateWindowExW(0, L"ToolbarWindow32", L"Werkzeuge", kStyle, 0, 0, 0, 0, window, nullptr,
+                           GetModuleHandleW(nullptr), nullptr);
+    if (bar_ == nullptr) {
+        return false;
+    }
+    SendMessageW(bar_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    SendMessageW(bar_, TB_SETBITMAPSIZE, 0, 0);
+    return true;
+}
+
+void ToolBar::SetFont(HFONT font) {
+    // The buttons are made anew: they keep the size that their captions had.
+    while (SendMessageW(bar_, TB_DELETEBUTTON, 0, 0) != FALSE) {
+    }
+    SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    for (const MenuEntry& entry : ToolButtons()) {
+        const std::u16string caption(entry.caption);
+        TBBUTTON button{};
+        button.iBitmap = I_IMAGENONE;
+        button.idCommand = kCommandIds + static_cast<int>(entry.command);
+        button.fsState = TBSTATE_ENABLED;
+        button.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_SHOWTEXT;
+        button.iString = reinterpret_cast<INT_PTR>(Wide(caption));
+        SendMessageW(bar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+    }
+}
+
+SIZE ToolBar::Size() const {
+    SIZE size{};
+    SendMessageW(bar_, TB_GETMAXSIZE, 0, reinterpret_cast<LPARAM>(&size));
+    return size;
+}
+
+void ToolBar::Place(const RECT& area) const {
+    SetWindowPos(bar_, nullptr, area.left, area.top, static_cast<int>(area.right - area.left),
+                 static_cast<int>(area.bottom - area.top), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ToolBar::Enable(const std::function<bool(Command)>& isEnabled) const {
+    for (const MenuEntry& entry : ToolButtons()) {
+        SendMessageW(bar_, TB_ENABLEBUTTON,
+                     static_cast<WPARAM>(kCommandIds + static_cast<int>(entry.command)),
+                     MAKELPARAM(isEnabled(entry.command) ? TRUE : FALSE, 0));
+    }
+}
+
+}  // namespace tarvex
