@@ -49,6 +49,7 @@ struct PreviewWorker::Shared {
     Shared& operator=(const Shared&) = delete;
     ~Shared() {
         CloseHandle(event);
+        CloseHandle(finished);
         DeleteCriticalSection(&section);
     }
 
@@ -81,8 +82,11 @@ struct PreviewWorker::Shared {
         while (const std::optional<PreviewJob> job = NextJob()) {
             PreviewResult result = Work(run, job->request);
             const Lock lock(section);
-            if (queue.Finish(job->number, std::move(result)) && !closed) {
-                PostMessageW(window, message, 0, 0);
+            if (queue.Finish(job->number, std::move(result))) {
+                SetEvent(finished);
+                if (window != nullptr && !closed) {
+                    PostMessageW(window, message, 0, 0);
+                }
             }
             if (idle > 0) {
                 --threads;  // another one took its place
@@ -113,8 +117,9 @@ struct PreviewWorker::Shared {
         }
     }
 
-    CRITICAL_SECTION section{};  // guards what follows it
-    HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    CRITICAL_SECTION section{};                                      // guards what follows it
+    HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);     // there may be a job
+    HANDLE finished = CreateEventW(nullptr, FALSE, FALSE, nullptr);  // there may be a result
     LONG references = 1;
     PreviewQueue queue;
     int threads = 0;
@@ -161,6 +166,18 @@ void PreviewWorker::RequestAtOnce(PreviewRequest request) {
 std::optional<PreviewResult> PreviewWorker::TakeResult() {
     const Lock lock(shared_->section);
     return shared_->queue.TakeResult();
+}
+
+std::optional<PreviewResult> PreviewWorker::ResultWithin(DWORD limit) {
+    const DWORD start = GetTickCount();
+    for (;;) {
+        std::optional<PreviewResult> result = TakeResult();
+        const DWORD passed = GetTickCount() - start;
+        if (result || passed >= limit) {
+            return result;
+        }
+        WaitForSingleObject(shared_->finished, limit - passed);
+    }
 }
 
 bool PreviewWorker::IsOld() const {

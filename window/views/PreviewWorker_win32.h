@@ -18,7 +18,8 @@ public:
     /// refers to must live as long as the program.
     using Run = std::function<PreviewResult(const PreviewRequest& request)>;
 
-    /// `message` is posted to the window, without parameters, when there is a result to take.
+    /// `message` is posted to the window, without parameters, when there is a result to take; null:
+    /// to none.
     PreviewWorker(HWND window, UINT message, Run run);
     PreviewWorker(const PreviewWorker&) = delete;
     PreviewWorker& operator=(const PreviewWorker&) = delete;
@@ -32,6 +33,9 @@ public:
 
     /// The result of the latest request, once; a run that failed gives one that says so.
     std::optional<PreviewResult> TakeResult();
+
+    /// The same, waited for at most so many milliseconds.
+    std::optional<PreviewResult> ResultWithin(DWORD limit);
 
     /// True until the latest request has its result: what is shown is of an older one.
     bool IsOld() const;

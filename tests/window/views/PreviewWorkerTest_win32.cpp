@@ -169,6 +169,16 @@ TEST_F(PreviewWorkerTest, EndDoesNotWaitForARunAndNobodyIsToldOfIt) {
     EXPECT_FALSE(Until([&] { return told_ > 0; }, 200));
 }
 
+TEST_F(PreviewWorkerTest, ResultIsWaitedForNoLongerThanTheLimit) {
+    Start();
+    worker_->RequestAtOnce(Request(u"A"));
+    EXPECT_EQ(worker_->ResultWithin(10'000)->text, u"A");
+    worker_->RequestAtOnce(Request(u"Server"));
+    const DWORD start = GetTickCount();
+    EXPECT_FALSE(worker_->ResultWithin(100).has_value());
+    EXPECT_LT(GetTickCount() - start, 1000u);
+}
+
 TEST_F(PreviewWorkerTest, RunThatFailsSaysSo) {
     Start();
     worker_->RequestAtOnce(Request(u"Fehler"));
