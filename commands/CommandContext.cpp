@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "configurator/FileTexts.h"
-#include "launch/PathHelpers.h"
 
 namespace tarvex {
 
@@ -61,10 +60,6 @@ std::u16string FolderOf(std::u16string_view file) {
     return separator == std::u16string_view::npos
                ? std::u16string()
                : std::u16string(file.substr(0, std::max<std::size_t>(separator, 1)));
-}
-
-std::u16string_view BareName(std::u16string_view file) {
-    return FileNamePart(FileNamePart(file), true);
 }
 
 bool IsStandardInput(std::u16string_view file) {

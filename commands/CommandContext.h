@@ -58,9 +58,6 @@ private:
 /// one.
 std::u16string FolderOf(std::u16string_view file);
 
-/// The file's name without its folder.
-std::u16string_view BareName(std::u16string_view file);
-
 /// True when an argument stands for the standard input or output: "-" or the name of its device.
 bool IsStandardInput(std::u16string_view file);
 bool IsStandardOutput(std::u16string_view file);
