@@ -22,9 +22,12 @@ public:
         const LoadedSettings loaded = LoadSettings(old, oldName_, codec);
         result_.problems = loaded.problems;
         if (!loaded.isProgram || (result_.problems.empty() && !loaded.branded)) {
-            Report({},
-                   u"Die Datei ist kein konfiguriertes Startprogramm; es gibt nichts zu "
-                   u"übernehmen.");
+            result_.problems.push_back(
+                {oldName_,
+                 0,
+                 {},
+                 u"Die Datei ist kein konfiguriertes Startprogramm; es gibt nichts zu "
+                 u"übernehmen."});
         }
         if (!result_.problems.empty()) {
             return std::move(result_);
@@ -48,7 +51,7 @@ private:
             if (accepted.problem.empty()) {
                 result_.settings.Set(number, accepted.value);
             } else {
-                Report(field.name, accepted.problem + Hint(field.name));
+                Report(field.name, accepted.problem);
             }
         }
         if (result_.settings.Has(kFieldIconFile)) {
@@ -59,11 +62,11 @@ private:
     /// What the template has no mark or no room for.
     void HoldAgainst(const LauncherImage& target, const ProgramResources& resources) {
         for (const Problem& problem : target.ProblemsOfSetting(result_.settings)) {
-            Report(problem.field, u"Die Vorlage hat dieses Feld nicht." + Hint(problem.field));
+            Report(problem.field, u"Die Vorlage hat dieses Feld nicht.");
         }
         for (const BrandField& field : kProgramFields) {
             if (result_.settings.Has(field.number) && !resources.Problem().empty()) {
-                Report(field.name, resources.Problem() + Hint(field.name));
+                Report(field.name, resources.Problem());
             }
         }
     }
@@ -72,8 +75,7 @@ private:
     void LookAtUnknown(const LauncherImage& old) {
         for (const LauncherImage::UnknownMark& mark : old.UnknownMarks()) {
             if (!IsDropped(mark.name) && !mark.isEmpty) {
-                Report(mark.name,
-                       u"Diese Version von tarvexcf kennt das Feld nicht." + Hint(mark.name));
+                Report(mark.name, u"Diese Version von tarvexcf kennt das Feld nicht.");
             }
         }
     }
@@ -97,12 +99,8 @@ private:
         return dropped;
     }
 
-    static std::u16string Hint(std::u16string_view name) {
-        return u" --drop " + std::u16string(name) + u" lässt es weg.";
-    }
-
     void Report(std::u16string_view field, std::u16string text) {
-        result_.problems.push_back({oldName_, 0, std::u16string(field), std::move(text)});
+        result_.misfits.push_back({oldName_, 0, std::u16string(field), std::move(text)});
     }
 
     std::u16string oldName_;

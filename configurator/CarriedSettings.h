@@ -11,7 +11,10 @@ namespace tarvex {
 /// The settings that one launcher hands on to another.
 struct CarriedSettings {
     Settings settings;  ///< what is set, user names and passwords included
-    Problems problems;  ///< what the other one does not have or cannot hold, and why
+    Problems problems;  ///< why there is nothing to take, or what is wrong with `drop`
+    /// What the other one does not have or cannot hold, and why; each can be dropped by the name
+    /// of its field.
+    Problems misfits;
 };
 
 /// Takes the settings out of the configured launcher `old`, which may be signed, for the template

@@ -51,6 +51,10 @@ void ReadOldLauncher(CommandContext& context, const CommandLine& line, Collected
     if (old && target) {
         CarriedSettings carried = CarrySettings(*old, file, *target, line.arguments[0],
                                                 line.Values(Option::Drop), context.Codec());
+        for (Problem& misfit : carried.misfits) {
+            misfit.text += u" --drop " + misfit.field + u" lässt es weg.";
+        }
+        Append(collected.problems, std::move(carried.misfits));
         Append(collected.problems, std::move(carried.problems));
         collected.settings.SetAll(carried.settings);
     }

@@ -45,6 +45,7 @@ protected:
 TEST_F(CarriedSettingsTest, AllThatIsSetGoesAlongWithPasswords) {
     const CarriedSettings carried = Carry(Branded({}), target_);
     EXPECT_TRUE(carried.problems.empty());
+    EXPECT_TRUE(carried.misfits.empty());
     EXPECT_EQ(carried.settings.Entries().size(), 4U);
     EXPECT_EQ(carried.settings.Value(kFieldAppName), u"Grün");
     EXPECT_EQ(carried.settings.Value(kFieldPwd), u"geheim");
@@ -63,11 +64,10 @@ TEST_F(CarriedSettingsTest, SignedLauncherCanBeRead) {
 TEST_F(CarriedSettingsTest, FieldThatTheTemplateLacksStopsUnlessItIsDropped) {
     SyntheticLauncher older;
     std::erase_if(older.marks, [](const SyntheticMark& mark) { return mark.name == u"Cmd"; });
-    EXPECT_EQ(Lines(Carry(Branded({}), older.Build()).problems),
-              std::vector<std::u16string>(
-                  {u"A.exe, Cmd: Die Vorlage hat dieses Feld nicht. --drop Cmd lässt es weg."}));
+    EXPECT_EQ(Lines(Carry(Branded({}), older.Build()).misfits),
+              std::vector<std::u16string>({u"A.exe, Cmd: Die Vorlage hat dieses Feld nicht."}));
     const CarriedSettings dropped = Carry(Branded({}), older.Build(), {u"cmd"});
-    EXPECT_TRUE(dropped.problems.empty());
+    EXPECT_TRUE(dropped.misfits.empty());
     EXPECT_FALSE(dropped.settings.Has(kFieldCmd));
     EXPECT_EQ(dropped.settings.Value(kFieldUser), u"Meier");
 }
@@ -75,12 +75,12 @@ TEST_F(CarriedSettingsTest, FieldThatTheTemplateLacksStopsUnlessItIsDropped) {
 TEST_F(CarriedSettingsTest, FieldOfANewerVersionStopsUnlessItIsEmptyOrDropped) {
     SyntheticLauncher newer;
     newer.marks.push_back({50, 20, u"Neu", u"", 0});
-    EXPECT_TRUE(Carry(Branded(newer), target_).problems.empty());
+    EXPECT_TRUE(Carry(Branded(newer), target_).misfits.empty());
     newer.marks.back().value = u"etwas";
-    EXPECT_EQ(Lines(Carry(Branded(newer), target_).problems),
+    EXPECT_EQ(Lines(Carry(Branded(newer), target_).misfits),
               std::vector<std::u16string>({u"A.exe, Neu: Diese Version von tarvexcf kennt das Feld "
-                                           u"nicht. --drop Neu lässt es weg."}));
-    EXPECT_TRUE(Carry(Branded(newer), target_, {u"Neu"}).problems.empty());
+                                           u"nicht."}));
+    EXPECT_TRUE(Carry(Branded(newer), target_, {u"Neu"}).misfits.empty());
 }
 
 TEST_F(CarriedSettingsTest, UnknownNameToDropIsAProblem) {
