@@ -30,4 +30,9 @@ std::vector<Difference> CompareSettings(const Settings& before, const Settings& 
     return differences;
 }
 
+std::u16string_view ShownValue(const BrandField& field, std::u16string_view value, bool reveal) {
+    const bool hide = field.kind == FieldKind::Credential && !reveal && !value.empty();
+    return hide ? u"<nicht angezeigt>" : value;
+}
+
 }  // namespace tarvex

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "configurator/Model.h"
@@ -17,5 +18,8 @@ struct Difference {
 /// The fields whose values differ, by their numbers; a field that is not set counts as empty. Icons
 /// are compared as a program has them, wherever they come from.
 std::vector<Difference> CompareSettings(const Settings& before, const Settings& after);
+
+/// A value as it is shown: users and passwords only with `reveal`.
+std::u16string_view ShownValue(const BrandField& field, std::u16string_view value, bool reveal);
 
 }  // namespace tarvex

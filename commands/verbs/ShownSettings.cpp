@@ -17,11 +17,6 @@ std::u16string MarkedLine(std::u16string_view mark, std::int32_t number, std::u1
 
 }  // namespace
 
-std::u16string_view ShownValue(const BrandField& field, std::u16string_view value, bool reveal) {
-    const bool hide = field.kind == FieldKind::Credential && !reveal && !value.empty();
-    return hide ? u"<nicht angezeigt>" : value;
-}
-
 std::u16string ShownLine(const BrandField& field, std::u16string_view value, bool reveal) {
     const std::u16string_view shown = ShownValue(field, value, reveal);
     std::u16string line = std::u16string(field.name) + u" =";

@@ -8,9 +8,6 @@
 
 namespace tarvex {
 
-/// The value as it is shown: users and passwords only with `reveal`.
-std::u16string_view ShownValue(const BrandField& field, std::u16string_view value, bool reveal);
-
 /// "Name = value", as in a settings file; lines end in "\n".
 std::u16string ShownLine(const BrandField& field, std::u16string_view value, bool reveal);
 
