@@ -68,7 +68,11 @@ FileResult FileCommands::Save(Document& document) {
 
 FileResult FileCommands::SaveAs(Document& document) {
     if (document.File().readOnly) {
-        return saving_.Save(document);
+        if (!UserAgrees(services_.dialogs, BoxIcon::Information, document.File().whyReadOnly,
+                        u"In eine unsignierte Vorlage ü&bernehmen")) {
+            return {};
+        }
+        return CarryIntoNew(document.File().path, saving_.OpenedBytes());
     }
     const std::u16string output =
         services_.dialogs.ChooseNewFile({.title = u"Speichern unter",
@@ -106,29 +110,37 @@ FileResult FileCommands::InNewWindow(std::u16string_view argument, std::u16strin
     return {true, std::move(line)};
 }
 
-std::unique_ptr<Document> FileCommands::AskForNew(std::u16string_view title,
+FileCommands::NewLauncher FileCommands::AskForNew(std::u16string_view title,
                                                   NewLauncherForm::Start start) {
     if (start.source.empty()) {
         start.source = Template();
     }
     NewLauncherForm form(services_.store, services_.dialogs, start);
     if (!services_.dialogs.ShowForm(form, {std::u16string(title), u"&Weiter", u"Abbrechen"})) {
-        return nullptr;
+        return {};
     }
-    saving_.SetNew(form.MayReplace());
-    return std::make_unique<Document>(DocumentFile{.path = form.Output(), .source = form.Source()},
-                                      Settings(), services_.codec);
+    return {std::make_unique<Document>(DocumentFile{.path = form.Output(), .source = form.Source()},
+                                       Settings(), services_.codec),
+            form.MayReplace()};
+}
+
+FileResult FileCommands::Begin(NewLauncher launcher, FileResult result) {
+    if (result.done) {
+        saving_.SetNew(launcher.mayReplace);
+        result.document = std::move(launcher.document);
+    }
+    return result;
 }
 
 FileResult FileCommands::NewFrom(std::u16string_view source) {
-    std::unique_ptr<Document> document =
-        AskForNew(u"Neues Startprogramm", {.source = std::u16string(source)});
-    if (document == nullptr) {
+    NewLauncher launcher = AskForNew(u"Neues Startprogramm", {.source = std::u16string(source)});
+    if (launcher.document == nullptr) {
         return {};
     }
-    EnterKnownAccessPlaces(*document);
-    std::u16string line = u"Neues Startprogramm " + std::u16string(document->Name()) + u".";
-    return {true, std::move(line), std::move(document)};
+    EnterKnownAccessPlaces(*launcher.document);
+    std::u16string line =
+        u"Neues Startprogramm " + std::u16string(launcher.document->Name()) + u".";
+    return Begin(std::move(launcher), {true, std::move(line)});
 }
 
 FileResult FileCommands::OpenLauncher(std::u16string_view path, std::string bytes,
@@ -153,7 +165,8 @@ FileResult FileCommands::OpenLauncher(std::u16string_view path, std::string byte
                  u"Zu " + NameOf(path) + u" ist zu sagen:\n\n" + ProblemList(remarks, path));
     }
     if (!image.ChangeProblems().empty()) {
-        return OpenUnchangeable(path, bytes, std::move(loaded), image.ChangeProblems()[0].text);
+        return OpenUnchangeable(path, std::move(bytes), std::move(loaded),
+                                image.ChangeProblems()[0].text);
     }
     saving_.SetOpened(std::move(bytes));
     recent_.Add(path);
@@ -173,28 +186,78 @@ FileResult FileCommands::OpenTemplate(std::u16string_view path) {
     return NewFrom(path);
 }
 
-FileResult FileCommands::OpenUnchangeable(std::u16string_view path, const std::string& bytes,
+FileResult FileCommands::OpenUnchangeable(std::u16string_view path, std::string bytes,
                                           LoadedSettings loaded, std::u16string_view reason) {
     std::u16string why = NameOf(path) + u" kann nicht geändert werden: " + std::u16string(reason);
-    saving_.SetOpened(bytes);
+    const std::int32_t answer = services_.dialogs.Ask(
+        {BoxIcon::Information,
+         why,
+         {u"In eine unsignierte Vorlage ü&bernehmen", u"Nur &ansehen", u"Abbrechen"},
+         2});
+    if (answer == 2) {
+        return {};
+    }
+    if (answer == 0) {
+        return CarryIntoNew(path, bytes);
+    }
+    saving_.SetOpened(std::move(bytes));
     recent_.Add(path);
     return {true, NameOf(path) + u" ist nur zum Ansehen geöffnet.",
             std::make_unique<Document>(
-                DocumentFile{.path = std::u16string(path), .readOnly = true, .whyReadOnly = why},
+                DocumentFile{
+                    .path = std::u16string(path), .readOnly = true, .whyReadOnly = std::move(why)},
                 std::move(loaded.settings), services_.codec)};
 }
 
-FileResult FileCommands::OpenSettings(std::u16string_view path, LoadedSettings loaded) {
-    const std::u16string folder(FolderPart(path));
-    std::unique_ptr<Document> document = AskForNew(u"Neues Startprogramm aus " + NameOf(path),
-                                                   {.name = StemOf(path), .folder = folder});
-    if (document == nullptr) {
+FileResult FileCommands::CarryIntoNew(std::u16string_view path, const std::string& bytes) {
+    NewLauncher launcher =
+        AskForNew(u"Neues Startprogramm aus " + NameOf(path),
+                  {.name = StemOf(path), .folder = std::u16string(FolderPart(path))});
+    if (launcher.document == nullptr) {
         return {};
     }
-    document->Enter(loaded.settings);
-    std::u16string line = NameOf(path) + u" ist in das neue Startprogramm " +
-                          std::u16string(document->Name()) + u" übernommen.";
-    return {true, std::move(line), std::move(document)};
+    FileResult result = exchange_.TakeOverFrom(*launcher.document, path, bytes);
+    return Begin(std::move(launcher), std::move(result));
+}
+
+FileResult FileCommands::OpenSettings(std::u16string_view path, LoadedSettings loaded) {
+    if (loaded.settings.Entries().empty() && !loaded.problems.empty()) {
+        TellUser(services_.dialogs, BoxIcon::Error,
+                 NameOf(path) + u" kann nicht geöffnet werden:\n\n" +
+                     ProblemList(loaded.problems, path));
+        return {};
+    }
+    NewLauncher launcher =
+        AskForNew(u"Neues Startprogramm aus " + NameOf(path),
+                  {.name = StemOf(path), .folder = std::u16string(FolderPart(path))});
+    if (launcher.document == nullptr) {
+        return {};
+    }
+    FileResult result = exchange_.EnterFile(*launcher.document, path, std::move(loaded));
+    return Begin(std::move(launcher), std::move(result));
+}
+
+FileResult FileCommands::Start(Document& document, std::u16string_view pc) {
+    const std::u16string name(document.Name());
+    if (!pc.empty()) {
+        TellUser(
+            services_.dialogs, BoxIcon::Information,
+            name + u" kann nur auf diesem PC gestartet werden, nicht auf einem beschriebenen.");
+        return {};
+    }
+    if (document.IsDirty() && (!UserAgrees(services_.dialogs, BoxIcon::Question,
+                                           name + u" muss vor dem Starten gespeichert werden.",
+                                           u"&Speichern und starten") ||
+                               !Save(document).done)) {
+        return {};
+    }
+    const std::u16string problem = services_.starter.Start(document.File().path, {});
+    if (!problem.empty()) {
+        TellUser(services_.dialogs, BoxIcon::Error,
+                 name + u" kann nicht gestartet werden: " + problem);
+        return {};
+    }
+    return {true, name + u" ist gestartet."};
 }
 
 FileResult FileCommands::Saved(const Document& document, FileResult result) {

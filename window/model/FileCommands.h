@@ -9,6 +9,7 @@
 #include "window/model/LauncherSaving.h"
 #include "window/model/NewLauncherForm.h"
 #include "window/model/RecentFiles.h"
+#include "window/model/SettingsExchange.h"
 
 namespace tarvex {
 
@@ -42,6 +43,20 @@ public:
     /// a new launcher, which the result then has.
     FileResult SaveAs(Document& document);
 
+    // Each of these asks for the other file.
+
+    FileResult Import(Document& document) { return exchange_.Import(document); }
+    FileResult Export(const Document& document) { return exchange_.Export(document); }
+    FileResult AsCommand(const Document& document) {
+        return exchange_.AsCommand(document, Template());
+    }
+    FileResult TakeOver(Document& document) { return exchange_.TakeOver(document); }
+    FileResult Compare(const Document& document) { return exchange_.Compare(document); }
+
+    /// Starts the launcher itself, saved before: a copy under another name would look for other
+    /// files. `pc` is that of the preview: on a described PC nothing can be started.
+    FileResult Start(Document& document, std::u16string_view pc);
+
     /// Asks for unsaved changes; null: there is no document. False: the user stays.
     bool MayClose(Document* document);
 
@@ -53,22 +68,31 @@ public:
 private:
     FileResult InNewWindow(std::u16string_view argument, std::u16string line);
 
-    /// A document with nothing in it; null when the user cancels.
-    std::unique_ptr<Document> AskForNew(std::u16string_view title, NewLauncherForm::Start start);
+    struct NewLauncher {
+        std::unique_ptr<Document> document;  ///< with nothing in it; null: the user has cancelled
+        bool mayReplace = false;
+    };
+
+    NewLauncher AskForNew(std::u16string_view title, NewLauncherForm::Start start);
+
+    /// Makes the new launcher the one of this window, when what was done with it has succeeded.
+    FileResult Begin(NewLauncher launcher, FileResult result);
 
     /// A new launcher from this template, or when it is empty the one beside this program.
     FileResult NewFrom(std::u16string_view source);
 
     FileResult OpenLauncher(std::u16string_view path, std::string bytes, LoadedSettings loaded);
     FileResult OpenTemplate(std::u16string_view path);
-    FileResult OpenUnchangeable(std::u16string_view path, const std::string& bytes,
-                                LoadedSettings loaded, std::u16string_view reason);
+    FileResult OpenUnchangeable(std::u16string_view path, std::string bytes, LoadedSettings loaded,
+                                std::u16string_view reason);
+    FileResult CarryIntoNew(std::u16string_view path, const std::string& bytes);
     FileResult OpenSettings(std::u16string_view path, LoadedSettings loaded);
     FileResult Saved(const Document& document, FileResult result);
 
     FileServices services_;
     RecentFiles recent_{services_.settings};
     LauncherSaving saving_{services_};
+    SettingsExchange exchange_{services_};
 };
 
 }  // namespace tarvex

@@ -19,6 +19,9 @@ public:
     /// The document is about a launcher with this content.
     void SetOpened(std::string bytes);
 
+    /// The content of the launcher as the user knows it; empty when there is none.
+    const std::string& OpenedBytes() const { return opened_; }
+
     /// The document is about a launcher that is not there yet, or, where the user has agreed to it,
     /// one that is to be replaced.
     void SetNew(bool mayReplace);

@@ -6,6 +6,7 @@
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
 #include "window/model/BoxTexts.h"
+#include "window/model/FileServices.h"
 
 namespace tarvex {
 namespace {
@@ -76,7 +77,7 @@ void NewLauncherForm::Press(std::int32_t buttonId) {
         const std::u16string path =
             dialogs_.ChooseFile({.title = u"Vorlage wählen",
                                  .folder = std::u16string(FolderPart(Source())),
-                                 .filter = u"Startprogramme|*.exe|Alle Dateien|*.*"});
+                                 .filter = std::u16string(kLauncherFilter)});
         if (!path.empty()) {
             SetText(kTemplate, path);
         }
@@ -112,23 +113,9 @@ bool NewLauncherForm::Accept() {
 }
 
 void NewLauncherForm::CheckAll() {
-    template_.problem = TemplateProblem();
+    template_.problem = WhyNoTemplate(store_, Source());
     folder_.problem = FolderProblem();
     name_.problem = NameProblem();
-}
-
-std::u16string NewLauncherForm::TemplateProblem() const {
-    const std::u16string source = Source();
-    if (source.empty()) {
-        return u"Bitte die Vorlage angeben.";
-    }
-    if (!IsAbsoluteFolder(source)) {
-        return u"Bitte den ganzen Pfad angeben, zum Beispiel C:\\Tarvex\\tarvex.exe.";
-    }
-    // While a path is typed nobody asks a server for each of its beginnings.
-    return text::EndsWithIgnoreCase(source, kExe) ? WhyNoTemplate(store_, source)
-                                                  : u"Eine Vorlage ist eine Datei mit der Endung "
-                                                    u".exe.";
 }
 
 std::u16string NewLauncherForm::NameProblem() const {
@@ -174,6 +161,16 @@ const NewLauncherForm::Entry& NewLauncherForm::Of(std::int32_t id) const {
 }
 
 std::u16string WhyNoTemplate(FileStore& store, std::u16string_view path) {
+    if (path.empty()) {
+        return u"Bitte die Vorlage angeben.";
+    }
+    if (!IsAbsoluteFolder(path)) {
+        return u"Bitte den ganzen Pfad angeben, zum Beispiel C:\\Tarvex\\tarvex.exe.";
+    }
+    if (!text::EndsWithIgnoreCase(path, kExe)) {
+        // While a path is typed nobody asks a server for each of its beginnings.
+        return u"Eine Vorlage ist eine Datei mit der Endung .exe.";
+    }
     try {
         const LauncherImage image = LauncherImage::Read(store.ReadAll(path), path);
         if (!image.ReadProblems().empty()) {

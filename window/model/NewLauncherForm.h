@@ -56,7 +56,6 @@ private:
     };
 
     void CheckAll();
-    std::u16string TemplateProblem() const;
     std::u16string NameProblem() const;
     std::u16string FolderProblem() const;
     Entry& Of(std::int32_t id);
@@ -71,7 +70,7 @@ private:
     bool mayReplace_ = false;
 };
 
-/// German, why a file cannot be the template of a new launcher; empty when it can.
+/// German, why this full path cannot be that of a template for a new launcher; empty when it can.
 std::u16string WhyNoTemplate(FileStore& store, std::u16string_view path);
 
 }  // namespace tarvex
