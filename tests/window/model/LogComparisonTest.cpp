@@ -52,6 +52,8 @@ TEST(LogComparisonTest, LinesAfterAMissingOneStandBesideTheirEquals) {
 TEST(LogComparisonTest, AsManyLinesAsPossibleAreTheSame) {
     EXPECT_EQ(Compare(u"x\na\nb\nc\n", u"a\nb\ny\nc\n"),
               (Rows{"1- x", "2=1 a", "3=2 b", "-3 y", "4=4 c"}));
+    EXPECT_EQ(Compare(u"a\nm\nb\nq\n", u"a\nn\no\nm\nb\nr\n"),
+              (Rows{"1=1 a", "-2 n", "-3 o", "2=4 m", "3=5 b", "4!6 q|r"}));
 }
 
 TEST(LogComparisonTest, ChangedLinesComeBeforeThoseOfOneTextAlone) {

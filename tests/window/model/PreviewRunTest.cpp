@@ -143,13 +143,18 @@ TEST_F(PreviewRunTest, DescribedPcAnswersFromItsDescription) {
     EXPECT_TRUE(result.remarks.empty());
 }
 
-TEST_F(PreviewRunTest, WhatIsNotDescribedIsARemarkAndNoStart) {
-    Describe(u"Startprogramm = E:\\Programm\\Kasse.exe\r\nDatei = C:\\Office\\msaccess.exe\r\n");
+TEST_F(PreviewRunTest, WhatIsNotDescribedIsARemarkAndNoCertainStart) {
+    Set(kFieldDBPath, u"");
+    Set(kFieldDBFilename, u"");
+    Describe(
+        u"Startprogramm = E:\\Kasse.exe\r\nDatei = C:\\Office\\msaccess.exe\r\nFehlt = "
+        u"E:\\Kasse.mdb\r\nFehlt = E:\\Kasse.mde\r\n");
     const PreviewResult result = Run();
     EXPECT_FALSE(result.starts);
-    EXPECT_EQ(result.remarks, (std::vector<std::u16string>{
-                                  u"Nicht beschrieben und darum als nicht vorhanden behandelt: "
-                                  u"E:\\Programm\\Daten\\Kunden.mdb"}));
+    EXPECT_EQ(result.commandLine, u"\"C:\\Office\\msaccess.exe\"");
+    EXPECT_EQ(result.remarks,
+              (std::vector<std::u16string>{
+                  u"Nicht beschrieben und darum als nicht vorhanden behandelt: E:\\Kasse.mda"}));
 }
 
 TEST_F(PreviewRunTest, ExpectationThatIsNotMetIsARemark) {
@@ -165,8 +170,9 @@ TEST_F(PreviewRunTest, DescriptionThatCannotBeReadIsTold) {
     const PreviewResult result = Run();
     EXPECT_EQ(result.commandLine, u"Die Beschreibung des PCs kann nicht verwendet werden.");
     ASSERT_FALSE(result.remarks.empty());
-    EXPECT_EQ(result.remarks.front(),
-              u"D:\\pcs\\Kasse.pc, Zeile 2: Unbekannter Name 'Unsinn'; gemeint ist vielleicht Bit.");
+    EXPECT_EQ(
+        result.remarks.front(),
+        u"D:\\pcs\\Kasse.pc, Zeile 2: Unbekannter Name 'Unsinn'; gemeint ist vielleicht Bit.");
 }
 
 TEST_F(PreviewRunTest, EntryLeadsToAFile) {

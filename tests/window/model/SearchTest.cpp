@@ -13,17 +13,20 @@ class SearchTest : public testing::Test {
 protected:
     SearchTest() {
         pages_ = {{u"Anwendung",
+                   {},
                    {{RowKind::Heading, 0, u"Anwendung"},
                     {RowKind::Line, kFieldAppName, u"&Name", u"AppName", u"steht in Meldungen"},
                     {RowKind::Lines, kFieldErrBoxText, u"Te&xt", u"ErrBoxText",
                      u"unter jeder Fehlermeldung"}}},
                   {u"Datenbank",
+                   {},
                    {{RowKind::Text, 0, u"So findet das Startprogramm die Datenbank:"},
                     {RowKind::Radio, 4001, u"neben dem Startprogramm"},
                     {RowKind::Line, kFieldDBFilename, u"&Datei", u"DBFilename", u"mit Endung"},
                     {RowKind::Check, kFieldRuntime, u"&Laufzeitmodus", u"Runtime", u""},
                     {RowKind::Buttons, 4010, u"Datenbank suchen"}}},
                   {u"Arbeitsgruppe",
+                   {},
                    {{RowKind::Secret, kFieldPwd, u"&Kennwort", u"Pwd", u"zum Benutzer"}}}};
         KeyListPart::AppendRows(pages_[1].rows, kDBRegList, 1);
         document_.SetText(kFieldAppName, u"Kundendatei");
