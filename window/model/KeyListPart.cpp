@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "text/Text.h"
+#include "window/model/BoxTexts.h"
 #include "window/model/KeyListField.h"
 #include "window/model/PresetsForm.h"
 #include "window/model/RegistryKeyText.h"
@@ -12,8 +13,26 @@ namespace tarvex {
 namespace {
 
 constexpr std::u16string_view kMark = u" (!)";
-constexpr std::u16string_view kFull =
-    u"Die Schlüsselliste ist voll: Alle zehn Felder sind belegt. Löschen Sie zuerst einen Eintrag.";
+
+std::u16string CountText(std::size_t count) {
+    return text::Decimal(static_cast<std::int64_t>(count));
+}
+
+/// The stored entries that a copied text consists of, one a line or divided by list markers; none
+/// when it holds anything else.
+std::vector<std::u16string> StoredEntries(const KeyListFields& list, std::u16string_view text) {
+    std::vector<std::u16string> entries;
+    for (const std::u16string_view line : text::Split(text, u'\n')) {
+        const std::u16string_view rest = text::Left(line, line.find(u'\r'));
+        for (const std::u16string& entry : EntriesOfField(list, rest)) {
+            if (!EntryFromText(entry, TextPlace::List).value_or(CopiedEntry()).isWhole) {
+                return {};
+            }
+            entries.emplace_back(TrimBlanksAndTabs(entry));
+        }
+    }
+    return entries;
+}
 
 bool IsUnusable(const KeyListEdit::Line& line) {
     if (!IsReadableEntry(line.entry)) {
@@ -135,7 +154,6 @@ RowState KeyListPart::AnswerState() const {
     const auto answer = answers_->find(lines.at(static_cast<std::size_t>(selected)).number);
     if (answer != answers_->end()) {
         state.text = answer->second.text;
-        state.note = answer->second.exists ? u"vorhanden" : u"nicht vorhanden";
     }
     return state;
 }
@@ -247,16 +265,26 @@ void KeyListPart::EditEntry(std::size_t line) {
 
 void KeyListPart::Paste() {
     const std::u16string text = dialogs_.Clipboard();
-    const auto tell = [this](std::u16string_view reason) {
-        dialogs_.Ask({BoxIcon::Information, std::u16string(reason), {u"OK"}, 0});
-    };
+    const std::vector<std::u16string> entries = StoredEntries(edit_.List(), text);
+    const std::size_t room = edit_.Room();
+    if (entries.size() > 1 && room >= entries.size()) {
+        edit_.Add(entries);
+        selected_ = static_cast<std::int32_t>(edit_.Lines().size()) - 1;
+        return;
+    }
     const auto copied = EntryFromText(text, TextPlace::List);
     if (!copied) {
-        tell(
-            u"In der Zwischenablage steht weder ein Eintrag einer Schlüsselliste noch ein "
-            u"Schlüssel aus dem Registrierungs-Editor.");
-    } else if (edit_.Room() == 0) {
-        tell(kFull);
+        TellUser(dialogs_, BoxIcon::Information,
+                 u"In der Zwischenablage steht weder ein Eintrag einer Schlüsselliste noch ein "
+                 u"Schlüssel aus dem Registrierungs-Editor.");
+    } else if (room == 0) {
+        TellUser(dialogs_, BoxIcon::Information,
+                 u"Die Schlüsselliste ist voll: Alle zehn Felder sind belegt. Löschen Sie zuerst "
+                 u"einen Eintrag.");
+    } else if (entries.size() > 1) {
+        TellUser(dialogs_, BoxIcon::Information,
+                 u"In der Zwischenablage stehen " + CountText(entries.size()) +
+                     u" Einträge. Freie Felder in der Schlüsselliste: " + CountText(room) + u".");
     } else {
         AddEntry(&copied->entry);
     }

@@ -29,9 +29,9 @@ RowState PresetsForm::State(std::int32_t id) const {
         if (room == 0) {
             state.text = u"Die Schlüsselliste ist voll.";
         } else {
-            state.text = u"In der Schlüsselliste sind noch " +
+            state.text = u"Freie Felder in der Schlüsselliste: " +
                          text::Decimal(static_cast<std::int64_t>(room)) + u" von " +
-                         text::Decimal(KeyListFields::kCount) + u" Feldern frei.";
+                         text::Decimal(KeyListFields::kCount) + u".";
         }
         return state;
     }

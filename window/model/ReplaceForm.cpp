@@ -32,7 +32,7 @@ ReplaceForm::ReplaceForm(Document& document) : document_(document) {
               .label = u"&Groß- und Kleinschreibung beachten"},
              {.kind = RowKind::List,
               .id = kChangesRow,
-              .label = u"&Änderungen",
+              .label = u"Ä&nderungen",
               .hint = u"Jede Änderung lässt sich in ihrem Feld mit Strg+Z zurücknehmen.",
               .lines = 8,
               .grows = true,

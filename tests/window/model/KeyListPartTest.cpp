@@ -107,15 +107,13 @@ TEST_F(KeyListPartTest, ChosenEntryIsAnswered) {
     Put(1, kA);
     Put(2, kB);
     const std::map<std::int32_t, EntryAnswer> answers = {
-        {kDBRegList.Field(1), {true, u"C:\\Daten\\a.mdb"}},
+        {kDBRegList.Field(1), {true, u"C:\\Daten\\a.mdb – vorhanden"}},
         {kDBRegList.Field(2), {false, u"Der Schlüssel fehlt."}}};
     EXPECT_EQ(Text(part_.State(kAnswer).text), "");
     part_.SetAnswers(&answers);
-    EXPECT_EQ(Text(part_.State(kAnswer).text), "C:\\Daten\\a.mdb");
-    EXPECT_EQ(Text(part_.State(kAnswer).note), "vorhanden");
+    EXPECT_EQ(Text(part_.State(kAnswer).text), "C:\\Daten\\a.mdb – vorhanden");
     part_.Select(kRow, 1);
     EXPECT_EQ(Text(part_.State(kAnswer).text), "Der Schlüssel fehlt.");
-    EXPECT_EQ(Text(part_.State(kAnswer).note), "nicht vorhanden");
     EXPECT_TRUE(part_.State(kAnswer).readOnly);
 }
 
@@ -237,6 +235,41 @@ TEST_F(KeyListPartTest, CopiedKeyLeavesTheValueOpen) {
     });
     part_.Press(kRow + KeyListPart::kPasteButton);
     EXPECT_EQ(Fields(), "01=HKCU\\Software\\Firma\\");
+}
+
+TEST_F(KeyListPartTest, SeveralCopiedEntriesAreAddedInOneStep) {
+    Put(1, kA);
+    KeyListPart part(document_, dialogs_, kDBRegList);
+    dialogs_.clipboard = u"HKLM\\A\\1\r\n\r\n HKLM\\A\\2%|%hklm\\A\\3\r\n";
+    part.Press(kRow + KeyListPart::kPasteButton);
+    EXPECT_EQ(dialogs_.log, Lines());
+    EXPECT_EQ(Fields(), text::ToUtf8(u"01=" + std::u16string(kA) +
+                                     u" 02=HKLM\\A\\1 03=HKLM\\A\\2 04=hklm\\A\\3"));
+    EXPECT_EQ(part.State(kRow).selected, 3);
+    part.Undo(kRow);
+    EXPECT_EQ(Fields(), text::ToUtf8(u"01=" + std::u16string(kA)));
+}
+
+TEST_F(KeyListPartTest, CopiedEntriesWithoutRoomAreRefusedAsAWhole) {
+    for (std::int32_t position = 1; position <= 9; ++position) {
+        Put(position, u"HKLM\\A\\B");
+    }
+    dialogs_.clipboard = u"HKLM\\A\\1\nHKLM\\A\\2";
+    part_.Press(kRow + KeyListPart::kPasteButton);
+    EXPECT_EQ(dialogs_.log,
+              (Lines{"Frage: In der Zwischenablage stehen 2 Einträge. Freie Felder in der "
+                     "Schlüsselliste: 1. [OK]"}));
+    EXPECT_EQ(document_.Text(kDBRegList.Field(10)), u"");
+}
+
+TEST_F(KeyListPartTest, LineOfARegistryFileIsAKey) {
+    dialogs_.clipboard = u"[HKEY_USERS\\A\\B]\r\n\"Pfad\"=\"C:\\\\Daten\"\r\n";
+    dialogs_.formUsers.push_back([](FormModel& form) {
+        EXPECT_EQ(form.State(KeyEntryForm::kKeyRow).text, u"A\\B");
+        return false;
+    });
+    part_.Press(kRow + KeyListPart::kPasteButton);
+    EXPECT_EQ(dialogs_.log, (Lines{"Fenster: Neuer Eintrag"}));
 }
 
 TEST_F(KeyListPartTest, OtherTextOnTheClipboardIsRefused) {

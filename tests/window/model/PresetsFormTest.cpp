@@ -37,7 +37,7 @@ TEST_F(PresetsFormTest, KnownPlacesFromTheNewestOn) {
                   u"", u"11.0", u"Access 2003",
                   u"HKLM\\SOFTWARE\\Microsoft\\Office\\11.0\\Access\\InstallRoot\\Path%|%"
                   u"HKLM\\SOFTWARE\\Microsoft\\Office\\11.0\\Common\\InstallRoot\\Path"}));
-    EXPECT_EQ(StateText(), "In der Schlüsselliste sind noch 10 von 10 Feldern frei.");
+    EXPECT_EQ(StateText(), "Freie Felder in der Schlüsselliste: 10 von 10.");
 }
 
 TEST_F(PresetsFormTest, TakenPlaceIsInTheListAtOnce) {
@@ -47,7 +47,7 @@ TEST_F(PresetsFormTest, TakenPlaceIsInTheListAtOnce) {
               "01=HKLM\\SOFTWARE\\Microsoft\\Office\\15.0\\Access\\InstallRoot\\Path");
     EXPECT_EQ(Marks(), "-+--------");
     EXPECT_EQ(form_.State(kList).selected, 2);
-    EXPECT_EQ(StateText(), "In der Schlüsselliste sind noch 9 von 10 Feldern frei.");
+    EXPECT_EQ(StateText(), "Freie Felder in der Schlüsselliste: 9 von 10.");
 }
 
 TEST_F(PresetsFormTest, PlaceIsTakenOnce) {
