@@ -35,15 +35,15 @@ struct FormButton {
 /// One row of a form as it is described; what it holds at the moment is its RowState.
 struct FormRow {
     RowKind kind = RowKind::Text;
-    std::int32_t id = 0;       ///< unique in the form; 0 for rows that never change
-    std::u16string label;      ///< "&" before the access key; of Heading and Text the text itself
-    std::u16string name = {};  ///< name of the setting, shown small with the label; empty: none
-    std::u16string hint = {};  ///< one line of explanation below the control; empty: none
-    std::int32_t indent = 0;   ///< steps to the right
-    std::int32_t group = 0;    ///< of Radio
-    std::int32_t chars = 0;    ///< width of the control in characters; 0: all there is
-    std::int32_t lines = 0;    ///< height of Lines, List and Output in lines of text; 0: usual
-    bool grows = false;        ///< takes the height that is left over
+    std::int32_t id = 0;        ///< unique in the form; 0 for rows that never change
+    std::u16string label = {};  ///< "&" before the access key; of Heading and Text the text itself
+    std::u16string name = {};   ///< name of the setting, shown small with the label; empty: none
+    std::u16string hint = {};   ///< one line of explanation below the control; empty: none
+    std::int32_t indent = 0;    ///< steps to the right
+    std::int32_t group = 0;     ///< of Radio
+    std::int32_t chars = 0;     ///< width of the control in characters; 0: all there is
+    std::int32_t lines = 0;     ///< height of Lines, List and Output in lines of text; 0: usual
+    bool grows = false;         ///< takes the height that is left over
     std::vector<FormButton> buttons = {};      ///< after a Line or Choice, below a List, of Buttons
     std::vector<std::u16string> columns = {};  ///< headers of a List
 };

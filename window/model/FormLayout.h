@@ -77,9 +77,9 @@ std::u16string WithoutAccessKey(std::u16string_view label);
 int LabelColumn(const std::vector<FormRow>& rows, const FormMeasure& measure, int width);
 
 /// Places the rows below each other; `states` has one for each of them. Labels, and controls, stand
-/// on a line of sight each; no text is cut, and no parts overlap, as long as the width is about 40
-/// characters or more. A row keeps its height while its hint gives place to a message of as many
-/// lines.
+/// on a line of sight each; no text is cut, and no parts overlap, as long as the form is about 90
+/// characters wide, or its words are shorter than a third of it. A row keeps its height while its
+/// hint gives place to a message of as many lines.
 FormPlaces LayOutForm(const std::vector<FormRow>& rows, const std::vector<RowState>& states,
                       const FormMeasure& measure, const FormSpace& space);
 
