@@ -23,7 +23,8 @@ IMPORTS = {
     "advapi32.dll": """
         AddAccessAllowedAce GetFileSecurityW GetLengthSid GetSecurityDescriptorControl
         GetTokenInformation InitializeAcl InitializeSecurityDescriptor OpenProcessToken
-        RegCloseKey RegEnumValueA RegOpenKeyA RegOpenKeyExA RegQueryValueExA SetFileSecurityW
+        RegCloseKey RegCreateKeyExW RegDeleteValueW RegEnumValueA RegOpenKeyA RegOpenKeyExA
+        RegOpenKeyExW RegQueryValueExA RegQueryValueExW RegSetValueExW SetFileSecurityW
         SetNamedSecurityInfoW SetSecurityDescriptorControl SetSecurityDescriptorDacl
         """,
     "gdi32.dll": """

@@ -1,3 +1,4 @@
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -8,7 +9,9 @@
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32FolderListing.h"
 #include "platform/win32/Win32TextCodec.h"
+#include "simulation/ThisPc.h"
 #include "window/model/MainModel.h"
+#include "window/views/EntryAsker_win32.h"
 #include "window/views/MainWindow_win32.h"
 #include "window/views/Win32ProgramStarter_win32.h"
 #include "window/views/Win32UserDialogs_win32.h"
@@ -44,7 +47,14 @@ void RunWindow() {
     Win32ProgramStarter starter;
     const SystemTextCodec ansi;
     Win32UserDialogs dialogs(u"Tarvex-Konfiguration", ansi);
-    MainModel model({store, codec, dialogs, settings, starter, PathOfProgram()}, folders);
+    const std::unique_ptr<ThisPc> thisPc = OpenThisPc();
+    EntryAsker entries;
+    MainModel model(
+        {{store, codec, dialogs, settings, starter, PathOfProgram()},
+         folders,
+         thisPc.get(),
+         [&entries](const PreviewRequest& about, const KeyListFields& list,
+                    const std::u16string& entry) { return entries.Answer(about, list, entry); }});
     MainWindow window(model, settings);
     if (window.Make()) {
         window.Run(FirstArgument());

@@ -210,7 +210,7 @@ void KeyEntryForm::Compose() {
     if (!stored_.empty()) {
         AddFindings();
     }
-    answer_ = answerer_ && !stored_.empty() ? answerer_(stored_) : EntryAnswer();
+    answer_ = answerer_ && !stored_.empty() ? answerer_(list_, stored_) : EntryAnswer();
 }
 
 void KeyEntryForm::CheckForm(const std::u16string& text,

@@ -15,8 +15,10 @@
 
 namespace tarvex {
 
-/// What an entry leads to on the PC of the preview; must answer at once. Empty: nobody knows.
-using EntryAnswerer = std::function<EntryAnswer(const std::u16string& entry)>;
+/// What an entry of the list leads to on the PC of the preview; must answer at once. Empty: nobody
+/// knows.
+using EntryAnswerer =
+    std::function<EntryAnswer(const KeyListFields& list, const std::u16string& entry)>;
 
 /// The dialog of one entry of a key list. An entry that the user does not change stays as it is
 /// written, also when the launcher cannot read it.

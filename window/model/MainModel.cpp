@@ -7,7 +7,11 @@
 #include "resources/Version.h"
 #include "text/Text.h"
 #include "window/model/BoxTexts.h"
+#include "window/model/DescribePc.h"
+#include "window/model/DryRunForm.h"
+#include "window/model/LogComparisonForm.h"
 #include "window/model/Pages.h"
+#include "window/model/ReplaceForm.h"
 
 namespace tarvex {
 namespace {
@@ -52,10 +56,11 @@ bool ChangesDocument(Command command) {
 
 }  // namespace
 
-MainModel::MainModel(FileServices services, const FolderListing& folders)
+MainModel::MainModel(MainServices services)
     : services_(std::move(services)),
-      files_(services_),
-      pcs_(services_.dialogs, services_.store, folders) {}
+      files_(services_.files),
+      pcs_(services_.files.dialogs, services_.files.store, services_.folders),
+      start_(files_, [this](FileResult result) { Take(std::move(result)); }) {}
 
 std::u16string MainModel::Title() const {
     if (!document_) {
@@ -134,7 +139,7 @@ void MainModel::Run(Command command, std::int32_t row) {
             Take(files_.ChooseAndOpen(document_.get()));
             break;
         case Command::About:
-            TellUser(services_.dialogs, BoxIcon::Information,
+            TellUser(services_.files.dialogs, BoxIcon::Information,
                      std::u16string(kProgramTitle) + u" " + text::FromUtf8(TARVEX_VERSION_TEXT) +
                          u"\nRichtet Startprogramme für Access-Datenbanken ein.");
             break;
@@ -152,6 +157,36 @@ void MainModel::RunOnDocument(Command command, std::int32_t row) {
             break;
         case Command::SaveAs:
             Take(files_.SaveAs(*document_));
+            break;
+        case Command::Import:
+            Take(files_.Import(*document_));
+            break;
+        case Command::Export:
+            Take(files_.Export(*document_));
+            break;
+        case Command::CarryOver:
+            Take(files_.TakeOver(*document_));
+            break;
+        case Command::Compare:
+            Take(files_.Compare(*document_));
+            break;
+        case Command::AsCommand:
+            Take(files_.AsCommand(*document_));
+            break;
+        case Command::Start:
+            Take(files_.Start(*document_, pcs_.Pc()));
+            break;
+        case Command::Replace:
+            ReplaceTexts();
+            break;
+        case Command::DryRun:
+            ShowDryRun();
+            break;
+        case Command::CompareLog:
+            CompareLog();
+            break;
+        case Command::DescribePc:
+            DescribePc();
             break;
         case Command::Revert:
             forms_[page_]->RevertRow(row);
@@ -243,15 +278,18 @@ bool MainModel::MayClose() {
 }
 
 void MainModel::TellFailure() {
-    TellUser(services_.dialogs, BoxIcon::Error, CaughtText());
+    TellUser(services_.files.dialogs, BoxIcon::Error, CaughtText());
 }
 
 std::optional<WantedPreview> MainModel::TakeWantedPreview() {
     if (!document_ || !std::exchange(previewWanted_, false)) {
         return std::nullopt;
     }
-    return WantedPreview{{document_->Values(), document_->File().path, pcs_.Pc()},
-                         std::exchange(wantedAtOnce_, false)};
+    return WantedPreview{Request(true), std::exchange(wantedAtOnce_, false)};
+}
+
+PreviewRequest MainModel::Request(bool withSettings) const {
+    return {withSettings ? document_->Values() : Settings(), document_->File().path, pcs_.Pc()};
 }
 
 void MainModel::SetPreview(PreviewResult result) {
@@ -260,6 +298,9 @@ void MainModel::SetPreview(PreviewResult result) {
         form->SetResult(&*preview_);
     }
     UpdateFindings();
+    if (std::exchange(dryRunWanted_, false)) {
+        ShowDryRun();
+    }
 }
 
 bool MainModel::SetPreviewState(bool isOld, bool isStuck) {
@@ -290,8 +331,14 @@ void MainModel::ShowDocument(std::unique_ptr<Document> document) {
     showsFindings_ = false;
     page_ = 0;
     for (const Page& page : Pages()) {
-        forms_.push_back(std::make_unique<PageForm>(page, *document_, services_.dialogs,
-                                                    services_.store, services_.codec));
+        forms_.push_back(std::make_unique<PageForm>(page, *document_, services_.files.dialogs,
+                                                    services_.files.store, services_.files.codec));
+        if (services_.askEntry) {
+            forms_.back()->SetAnswerer(
+                [this](const KeyListFields& list, const std::u16string& entry) {
+                    return services_.askEntry(Request(false), list, entry);
+                });
+        }
     }
     document_->SetListener([this] {
         WantPreview(false);
@@ -320,9 +367,42 @@ void MainModel::ShowFindings() {
     destination_ = Destination{0, true};
 }
 
+/// What is shown must be about the settings as they stand.
+void MainModel::ShowDryRun() {
+    if (!preview_ || isOld_ || previewWanted_) {
+        dryRunWanted_ = true;
+        wantedAtOnce_ = true;
+        status_ = u"Der Probelauf wird ermittelt …";
+        return;
+    }
+    status_.clear();
+    tarvex::ShowDryRun(services_.files.dialogs, *preview_, document_->Name(), pcs_.Name());
+}
+
+void MainModel::CompareLog() {
+    if (preview_) {
+        CompareWithLog(services_.files.dialogs, services_.files.store, services_.files.codec,
+                       document_->Folder(), preview_->text, pcs_.Name());
+    }
+}
+
+void MainModel::DescribePc() {
+    const std::u16string file = DescribeThisPc(
+        Request(true),
+        {services_.files.dialogs, services_.files.store, services_.files.codec, services_.thisPc});
+    if (!file.empty()) {
+        status_ = file + u" ist geschrieben.";
+    }
+}
+
+void MainModel::ReplaceTexts() {
+    ReplaceForm form(*document_);
+    services_.files.dialogs.ShowForm(form, ReplaceDialogTexts());
+}
+
 void MainModel::ShowPageHelp() {
     const Page& page = Pages()[page_];
-    TellUser(services_.dialogs, BoxIcon::Information, page.help);
+    TellUser(services_.files.dialogs, BoxIcon::Information, page.help);
 }
 
 }  // namespace tarvex

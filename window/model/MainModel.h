@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,9 +10,11 @@
 #include <vector>
 
 #include "platform/FolderListing.h"
+#include "simulation/ThisPc.h"
 #include "window/model/Document.h"
 #include "window/model/FileCommands.h"
 #include "window/model/Form.h"
+#include "window/model/KeyEntryForm.h"
 #include "window/model/Menu.h"
 #include "window/model/PageFindings.h"
 #include "window/model/PageForm.h"
@@ -43,13 +46,26 @@ struct WantedPreview {
     bool atOnce = false;  ///< without the rest that the user is left while he types
 };
 
+/// What the main window works with. It owns none of it; all of it outlives the window.
+struct MainServices {
+    FileServices files;
+    const FolderListing& folders;
+    const ThisPc* thisPc = nullptr;  ///< null where no launcher runs
+
+    /// What an entry of a key list leads to; must answer at once. Empty: nobody answers.
+    std::function<EntryAnswer(const PreviewRequest& about, const KeyListFields& list,
+                              const std::u16string& entry)>
+        askEntry = {};
+};
+
 /// The whole state of the main window: the document or the start page, the current page, what was
 /// found out about the settings, and every command. A view shows it, tells it what the user does,
 /// and shows it anew after each call of a member that is not const.
 class MainModel {
 public:
-    /// What the services refer to outlives the model.
-    MainModel(FileServices services, const FolderListing& folders);
+    explicit MainModel(MainServices services);
+    MainModel(const MainModel&) = delete;
+    MainModel& operator=(const MainModel&) = delete;
 
     // What is shown.
 
@@ -109,9 +125,14 @@ private:
     void GoToField(std::int32_t number);
     void UpdateFindings();
     void ShowFindings();
+    void ShowDryRun();
+    void CompareLog();
+    void DescribePc();
+    void ReplaceTexts();
     void ShowPageHelp();
+    PreviewRequest Request(bool withSettings) const;
 
-    FileServices services_;
+    MainServices services_;
     FileCommands files_;
     PcChoice pcs_;
     StartPageForm start_;
@@ -129,6 +150,7 @@ private:
     bool isStuck_ = false;
     bool previewWanted_ = false;
     bool wantedAtOnce_ = false;
+    bool dryRunWanted_ = false;  // to be shown when the preview is up to date
 
     std::optional<Destination> destination_;
 };

@@ -7,6 +7,7 @@
 #include "platform/win32/Dpi.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
+#include "window/model/Pages.h"
 
 namespace tarvex {
 
@@ -30,6 +31,15 @@ constexpr int kLeastPage = 160;
 
 SIZE SizeOf(const RECT& rect) {
     return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+/// At kNormalDpi: nothing shall move aside when another page is chosen.
+int CommonLabelColumn(const FormFonts& fonts) {
+    int column = 0;
+    for (const Page& page : Pages()) {
+        column = std::max(column, LabelColumn(page.rows, fonts, fonts.Scaled(kStartSize.cx)));
+    }
+    return MulDiv(column, kNormalDpi, fonts.Dpi());
 }
 
 }  // namespace
@@ -295,6 +305,7 @@ void MainWindow::Refresh() {
     pages_.Show(model_.PageLines(), static_cast<int>(model_.CurrentPage()));
     if (&model_.Form() != shownForm_) {
         shownForm_ = &model_.Form();
+        form_.SetLabelColumn(model_.HasDocument() ? CommonLabelColumn(*fonts_) : 0);
         form_.SetModel(shownForm_);
     } else {
         form_.Refresh();

@@ -282,7 +282,7 @@ TEST_F(KeyEntryFormTest, OtherEntriesOfTheFieldCountForTheRoom) {
 TEST_F(KeyEntryFormTest, AnswerShowsWhenSomebodyKnowsIt) {
     EXPECT_FALSE(FormOf(u"").State(KeyEntryForm::kAnswerRow).visible);
     const KeyListEdit edit(document_, kDBRegList);
-    KeyEntryForm form(edit, edit.NewLine(), [](const std::u16string& entry) {
+    KeyEntryForm form(edit, edit.NewLine(), [](const KeyListFields&, const std::u16string& entry) {
         return EntryAnswer{true, u"Antwort zu " + entry};
     });
     EXPECT_EQ(Text(form, KeyEntryForm::kAnswerRow), "");
