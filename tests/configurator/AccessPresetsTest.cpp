@@ -29,6 +29,20 @@ TEST(AccessPresetsTest, PlacesByVersionFromTheNewestOn) {
     EXPECT_EQ(places, expected);
 }
 
+TEST(AccessPresetsTest, FieldsHoldThePlacesOfAVersion) {
+    std::vector<std::u16string> entries;
+    for (const AccessPreset& field : AccessPresetFields()) {
+        entries.push_back(field.entry);
+    }
+    ASSERT_EQ(entries.size(), 10U);
+    EXPECT_EQ(entries[0], u"HKLM\\SOFTWARE\\Microsoft\\Office\\16.0\\Access\\InstallRoot\\Path");
+    EXPECT_EQ(entries[5],
+              u"HKLM\\SOFTWARE\\Microsoft\\Office\\10.0\\Access\\InstallRoot\\Path%|%"
+              u"HKLM\\SOFTWARE\\Microsoft\\Office\\10.0\\Common\\InstallRoot\\Path");
+    EXPECT_EQ(entries[9],
+              u"HKLM\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MSACCESS.EXE\\Path");
+}
+
 TEST(AccessPresetsTest, NothingIsWrongWithThem) {
     for (const AccessPreset& preset : AccessPresets()) {
         EXPECT_EQ(

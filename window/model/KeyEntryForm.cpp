@@ -186,7 +186,7 @@ void KeyEntryForm::Select(std::int32_t id, std::int32_t index) {
 bool KeyEntryForm::Accept() {
     tried_ = true;
     Compose();
-    return !IsChanged() || !refused_;
+    return !refused_;
 }
 
 bool KeyEntryForm::IsChanged() const {

@@ -149,7 +149,7 @@ KeyListEdit::Texts KeyListEdit::Current() const {
 
 void KeyListEdit::Apply(const Texts& texts) {
     const Texts before = Current();
-    if (document_.File().readOnly || texts == before) {
+    if (texts == before) {
         return;
     }
     for (std::size_t i = 0; i < texts.size(); ++i) {

@@ -167,6 +167,14 @@ TEST_F(KeyListPartTest, EntryThatIsOnlyLookedAtIsNoStepToUndo) {
     EXPECT_FALSE(part.Undo(kRow));
 }
 
+TEST_F(KeyListPartTest, FieldOfAnEntryThatIsOnlyLookedAtStaysAsItIsWritten) {
+    Put(1, u"HKLM\\A\\B%|% ");
+    dialogs_.formUsers.push_back([](FormModel&) { return true; });
+    part_.Press(kRow + KeyListPart::kEditButton);
+    EXPECT_EQ(dialogs_.log, (Lines{"Fenster: Eintrag bearbeiten"}));
+    EXPECT_EQ(Fields(), "01=HKLM\\A\\B%|% ");
+}
+
 TEST_F(KeyListPartTest, MovingKeepsTheEntryChosen) {
     Put(1, kA);
     Put(2, kB);

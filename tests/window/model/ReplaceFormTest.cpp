@@ -48,6 +48,8 @@ TEST_F(ReplaceFormTest, CaseIsMatchedWhenAsked) {
 TEST_F(ReplaceFormTest, ReplacementIsNotSearchedAgain) {
     EXPECT_EQ(Changes({u"Kunden", u"KundenKunden"}),
               (Lines{"DBFilename: Kunden.mdb -> KundenKunden.mdb"}));
+    document_.SetText(kFieldDBFilename, u"aaa.mdb");
+    EXPECT_EQ(Changes({u"aa", u"b"}), (Lines{"DBFilename: aaa.mdb -> ba.mdb"}));
 }
 
 TEST_F(ReplaceFormTest, SameTextIsNoChange) {
