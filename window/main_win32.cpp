@@ -27,8 +27,8 @@ std::u16string PathOfProgram() {
     });
 }
 
-/// What the program was started with; empty: nothing.
-std::u16string FirstArgument() {
+/// What the program was started with: a file by its full path, or kNewArgument; empty: nothing.
+std::u16string FileToOpen(const ThisPc& pc) {
     int count = 0;
     wchar_t** list = CommandLineToArgvW(GetCommandLineW(), &count);
     std::u16string argument;
@@ -36,7 +36,7 @@ std::u16string FirstArgument() {
         argument = FromWide(list[1]);
     }
     LocalFree(list);
-    return argument;
+    return argument.empty() || argument == kNewArgument ? argument : pc.FullPath(argument);
 }
 
 void RunWindow() {
@@ -57,7 +57,7 @@ void RunWindow() {
                     const std::u16string& entry) { return entries.Answer(about, list, entry); }});
     MainWindow window(model, settings);
     if (window.Make()) {
-        window.Run(FirstArgument());
+        window.Run(FileToOpen(*thisPc));
     }
 }
 

@@ -218,7 +218,7 @@ void MainModel::RunOnDocument(Command command, std::int32_t row) {
 }
 
 void MainModel::Open(std::u16string_view path) {
-    Take(files_.Open(path, document_.get()));
+    Take(path == kNewArgument ? files_.New(document_.get()) : files_.Open(path, document_.get()));
 }
 
 void MainModel::OpenRecent(std::size_t index) {

@@ -89,7 +89,7 @@ public:
     /// `row` is the one that has the focus, 0: none.
     void Run(Command command, std::int32_t row);
 
-    /// A file was dropped, or named on the command line.
+    /// A file was dropped, or named on the command line, where kNewArgument stands for a new one.
     void Open(std::u16string_view path);
     void OpenRecent(std::size_t index);
     void SelectPage(std::size_t page);

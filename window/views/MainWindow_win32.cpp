@@ -273,7 +273,8 @@ void MainWindow::PlaceControls() {
     splitter_.Place(model_.IsPreviewFolded() ? RECT{}
                                              : RECT{0, paneTop - splitterHeight, width, paneTop});
     pane_.Place({0, paneTop, width, bottom}, dpi_);
-    InvalidateRect(Window(), nullptr, TRUE);
+    RedrawWindow(Window(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 int MainWindow::PaneHeight(int available) const {
