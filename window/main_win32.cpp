@@ -70,5 +70,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     tarvex::PrepareWin32Program();
     tarvex::RestrictDllSearch();
     tarvex::RunWindow();
-    return 0;
+    // A preview may still be worked out, or wait for a path that does not answer: it ends here, and
+    // not among objects of the program that are going already.
+    ExitProcess(0);
 }
