@@ -7,18 +7,15 @@
 #include <stdexcept>
 #include <utility>
 
-#include "platform/win32/Com.h"
-#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
 #include "resources/ResourceIds.h"
+#include "tests/support/AccessibleName_win32.h"
 #include "tests/support/FakeCommonDialogs.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/GdiLedger_win32.h"
 #include "tests/support/WindowDriver_win32.h"
 #include "text/TextCodec1252.h"
-
-#include <oleacc.h>
 
 namespace tarvex {
 namespace {
@@ -164,26 +161,6 @@ BOOL WINAPI TellLargeNoticeFont(UINT action, UINT size, void* result, UINT /*cha
         static_cast<NONCLIENTMETRICSW*>(result)->lfMessageFont.lfHeight = -40;
     }
     return TRUE;
-}
-
-/// What a screen reader calls the control.
-std::u16string AccessibleName(HWND control) {
-    const SystemLibrary library(u"oleacc.dll");
-    auto* const accessible = library.Function<HRESULT WINAPI(HWND, DWORD, const IID&, void**)>(
-        "AccessibleObjectFromWindow");
-    ComPtr<IAccessible> object;
-    constexpr IID kAccessibleId = {
-        0x618736E0, 0x3C3D, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
-    if (accessible == nullptr || FAILED(accessible(control, static_cast<DWORD>(OBJID_CLIENT),
-                                                   kAccessibleId, object.ReceiveVoid()))) {
-        return u"<not accessible>";
-    }
-    VARIANT self{};
-    self.vt = VT_I4;
-    self.lVal = CHILDID_SELF;
-    BSTR name = nullptr;
-    object.Get()->get_accName(self, &name);
-    return name == nullptr ? u"<no name>" : std::u16string(FromWide(name));
 }
 
 std::u16string MenuText(HMENU menu, UINT position) {

@@ -38,13 +38,9 @@ public:
     }
     DisabledOwner(const DisabledOwner&) = delete;
     DisabledOwner& operator=(const DisabledOwner&) = delete;
-    ~DisabledOwner() { Enable(); }
-
-    /// Before the window above closes: another program's window would be activated otherwise.
-    void Enable() {
+    ~DisabledOwner() {
         if (owner_ != nullptr) {
             EnableWindow(owner_, TRUE);
-            owner_ = nullptr;
         }
     }
 
@@ -198,6 +194,9 @@ void DialogWindow::Press(int id) {
 }
 
 LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
+    if (focus_.OnMessage(Window(), message, first, second)) {
+        return 0;
+    }
     switch (message) {
         case WM_SIZE:
             Place();
@@ -215,14 +214,6 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
             FillRect(reinterpret_cast<HDC>(first), &inner, GetSysColorBrush(COLOR_3DFACE));
             return TRUE;
         }
-        case WM_ACTIVATE:
-            // The control with the focus has it again when the user comes back.
-            if (LOWORD(first) == WA_INACTIVE) {
-                focus_ = GetFocus();
-            } else if (focus_ != nullptr && IsChild(Window(), focus_) != FALSE) {
-                SetFocus(focus_);
-            }
-            return 0;
         case DM_GETDEFID:
             return MAKELRESULT(frame_.buttons.front().id, DC_HASDEFID);
         case WM_COMMAND: {

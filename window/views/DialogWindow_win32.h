@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/win32/ModalWindow.h"
+#include "window/views/DialogFocus_win32.h"
 #include "window/views/FormFonts_win32.h"
 
 namespace tarvex {
@@ -65,7 +66,7 @@ private:
     Frame frame_;
     std::unique_ptr<FormFonts> fonts_;
     std::vector<HWND> buttons_;
-    HWND focus_ = nullptr;  // while another window is active
+    DialogFocus focus_;
     int pressed_ = 0;
 };
 

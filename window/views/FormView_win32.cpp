@@ -12,7 +12,7 @@ namespace {
 constexpr wchar_t kClassName[] = L"TarvexForm";
 constexpr UINT kSelected = WM_APP + 1;  // a list has another chosen line; second: the list
 constexpr int kSteadyMargin = 7;        // of the distance from the right edge a scroll bar may take
-constexpr int kSightMargin = 8;
+constexpr int kSightMargin = 11;
 constexpr WPARAM kEndOfTransmission = 0x1F;
 
 int ScrollBarWidth() {
@@ -44,6 +44,28 @@ ButtonKey ListKey(WPARAM key, bool alt) {
             return IsDown(VK_CONTROL) ? ButtonKey::Paste : ButtonKey::None;
         default:
             return ButtonKey::None;
+    }
+}
+
+/// The mouse wheel is the control's own. A closed list would choose another line by it.
+bool ScrollsItself(const FormControls& row, HWND control) {
+    if (control != row.Control()) {
+        return false;
+    }
+    switch (row.Row().kind) {
+        case RowKind::Choice:
+            return SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+        case RowKind::Lines:
+        case RowKind::Output:
+        case RowKind::List: {
+            SCROLLINFO info{};
+            info.cbSize = sizeof(info);
+            info.fMask = SIF_RANGE | SIF_PAGE;
+            return GetScrollInfo(control, SB_VERT, &info) != FALSE &&
+                   info.nMax - info.nMin >= static_cast<int>(info.nPage) && info.nMax > info.nMin;
+        }
+        default:
+            return false;
     }
 }
 
@@ -270,10 +292,14 @@ void FormView::ScrollIntoSight(const FormControls& row) {
     }
     const int margin = fonts_->Scaled(kSightMargin);
     const auto page = static_cast<int>(Bounds().bottom);
-    int position = scrolled_;
-    position = std::max(position, bottom + margin - page);
-    position = std::min(position, top - margin);
-    ScrollTo(position);
+    const int least = bottom + margin - page;
+    const int most = top - margin;
+    if (scrolled_ > most) {
+        // With the heading above it, where there is room for that.
+        ScrollTo(least <= 0 ? 0 : most);
+    } else if (scrolled_ < least) {
+        ScrollTo(std::min(least, most));
+    }
 }
 
 void FormView::OnScroll(int code) {
@@ -611,9 +637,7 @@ std::optional<LRESULT> FormView::HandleControlMessage(HWND control, UINT message
             }
             return std::nullopt;
         case WM_MOUSEWHEEL:
-            // A closed list would choose another line, and the page is what the user means.
-            if (isMain && kind == RowKind::Choice &&
-                SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) == FALSE) {
+            if (!ScrollsItself(*row, control)) {
                 return OnWheel(first);
             }
             return std::nullopt;
