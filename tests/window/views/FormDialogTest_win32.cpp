@@ -33,13 +33,23 @@ protected:
 
     bool Show(const std::function<void(HWND)>& drive, HWND owner = nullptr) {
         bool accepted = false;
+        std::exception_ptr failure;
         WindowDriver::Run(
-            [&] { accepted = FormDialog(owner, form, texts).ShowModal(); },
+            [&] {
+                try {
+                    accepted = FormDialog(owner, form, texts).ShowModal();
+                } catch (...) {
+                    failure = std::current_exception();
+                }
+            },
             [&] {
                 const HWND window = WindowDriver::WaitFor(kClass);
                 WindowDriver::Until([&] { return IsChild(window, FocusOf(window)) != FALSE; });
                 drive(window);
             });
+        if (failure != nullptr) {
+            std::rethrow_exception(failure);
+        }
         return accepted;
     }
 
