@@ -13,7 +13,7 @@ DifferenceForm::DifferenceForm(std::u16string_view here, std::u16string_view the
     rows_ = {{.kind = RowKind::Text, .id = kText, .label = {}},
              {.kind = RowKind::List,
               .id = kDifferences,
-              .label = u"&Unterschiede:",
+              .label = u"&Unterschiede",
               .grows = true,
               .columns = {u"Feld", columns[0], columns[1]}}};
 }

@@ -75,6 +75,9 @@ public:
     /// State of a row with an id other than 0.
     virtual RowState State(std::int32_t id) const = 0;
 
+    /// Id of the row in which the user of a dialog begins; 0: the first one.
+    virtual std::int32_t FirstRow() const { return 0; }
+
     virtual void SetText(std::int32_t id, std::u16string_view text) = 0;
     virtual void SetChecked(std::int32_t id, bool checked) = 0;
 

@@ -17,18 +17,18 @@ std::vector<FormRow> MakeRows() {
     return {
         {.kind = RowKind::Line,
          .id = NewLauncherForm::kTemplate,
-         .label = u"&Vorlage:",
+         .label = u"&Vorlage",
          .hint = u"Ein Startprogramm, das noch nicht konfiguriert ist.",
          .buttons = {{NewLauncherForm::kChooseTemplate, u"...", u"Vorlage wählen"}}},
         {.kind = RowKind::Line,
          .id = NewLauncherForm::kName,
-         .label = u"&Name:",
+         .label = u"&Name",
          .hint = u"Das Startprogramm findet eine Datenbank, die neben ihm steht und so heißt wie "
                  u"es.",
          .chars = 40},
         {.kind = RowKind::Line,
          .id = NewLauncherForm::kFolder,
-         .label = u"&Ordner:",
+         .label = u"&Ordner",
          .hint = u"Hier beginnen alle relativen Pfade.",
          .buttons = {{NewLauncherForm::kChooseFolder, u"...", u"Ordner wählen"}}},
     };
@@ -62,6 +62,15 @@ RowState NewLauncherForm::State(std::int32_t id) const {
         state.message = entry.problem;
     }
     return state;
+}
+
+std::int32_t NewLauncherForm::FirstRow() const {
+    for (const std::int32_t row : {kTemplate, kName, kFolder}) {
+        if (Of(row).text.empty()) {
+            return row;
+        }
+    }
+    return kName;
 }
 
 void NewLauncherForm::SetText(std::int32_t id, std::u16string_view text) {

@@ -42,6 +42,8 @@ public:
 
     const std::vector<FormRow>& Rows() const override { return rows_; }
     RowState State(std::int32_t id) const override;
+    /// The first one that is still empty, else the name.
+    std::int32_t FirstRow() const override;
     void SetText(std::int32_t id, std::u16string_view text) override;
     void SetChecked(std::int32_t /*id*/, bool /*checked*/) override {}
     void Select(std::int32_t /*id*/, std::int32_t /*index*/) override {}

@@ -18,7 +18,7 @@ std::vector<FormRow> MakeRows() {
                      {StartPageForm::kImport, u"Einstellungsdatei &importieren …"}}},
         {.kind = RowKind::List,
          .id = StartPageForm::kRecent,
-         .label = u"&Zuletzt verwendet:",
+         .label = u"&Zuletzt verwendet",
          .grows = true,
          .buttons = {{StartPageForm::kOpenRecent, u"Öffn&en", u"Zuletzt verwendete Datei öffnen",
                       ButtonKey::Enter},

@@ -61,7 +61,11 @@ void FormDialog::OnFonts() {
 }
 
 bool FormDialog::FocusContent() {
-    form_.FocusFirst();
+    if (const std::int32_t row = model_.FirstRow(); row != 0) {
+        form_.FocusRow(row);
+    } else {
+        form_.FocusFirst();
+    }
     return form_.FocusedRow() != 0;
 }
 

@@ -27,6 +27,15 @@ TEST_F(NewLauncherFormTest, EmptyRowsAreOnlyCalledWrongWhenTheUserIsDone) {
     EXPECT_EQ(Message(NewLauncherForm::kFolder), u"Bitte den Ordner angeben.");
 }
 
+TEST_F(NewLauncherFormTest, UserBeginsWhereSomethingIsMissing) {
+    EXPECT_EQ(NewLauncherForm(store, dialogs, {}).FirstRow(), NewLauncherForm::kTemplate);
+    EXPECT_EQ(form_.FirstRow(), NewLauncherForm::kName);
+    form_.SetText(NewLauncherForm::kName, u"Kasse");
+    EXPECT_EQ(form_.FirstRow(), NewLauncherForm::kFolder);
+    FillIn(u"Kasse");
+    EXPECT_EQ(form_.FirstRow(), NewLauncherForm::kName);
+}
+
 TEST_F(NewLauncherFormTest, NameGetsItsExtension) {
     FillIn(u" Kasse ");
     EXPECT_TRUE(form_.Accept());
