@@ -111,6 +111,9 @@ bool MainWindow::OnEnter() {
 }
 
 LRESULT MainWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
+    if (focus_.OnMessage(Window(), message, first, second)) {
+        return 0;
+    }
     switch (message) {
         case WM_CREATE:
             return CreateControls() ? 0 : -1;
@@ -123,11 +126,8 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
             least = {Scaled(kLeastSize.cx, dpi_), Scaled(kLeastSize.cy, dpi_)};
             return 0;
         }
-        case WM_ACTIVATE:
-            OnActivate(LOWORD(first) != WA_INACTIVE);
-            return 0;
         case WM_SETFOCUS:
-            SetFocus(lastFocus_ != nullptr ? lastFocus_ : pages_.Control());
+            form_.FocusFirst();
             return 0;
         case WM_COMMAND:
             OnCommand(LOWORD(first), HIWORD(first));
@@ -342,14 +342,6 @@ void MainWindow::GoTo(const Destination& destination) {
         form_.FocusRow(destination.row);
     } else {
         form_.FocusFirst();
-    }
-}
-
-void MainWindow::OnActivate(bool active) {
-    if (!active) {
-        lastFocus_ = GetFocus();
-    } else if (lastFocus_ != nullptr) {
-        SetFocus(lastFocus_);
     }
 }
 

@@ -8,6 +8,7 @@
 #include "platform/win32/ModalWindow.h"
 #include "window/model/MainModel.h"
 #include "window/model/UserSettings.h"
+#include "window/views/DialogFocus_win32.h"
 #include "window/views/FormFonts_win32.h"
 #include "window/views/FormView_win32.h"
 #include "window/views/MenuBar_win32.h"
@@ -54,7 +55,6 @@ private:
 
     bool Translate(MSG& message);
     bool OnEnter();
-    void OnActivate(bool active);
     void OnCommand(int id, int notification);
     void Perform(Command command);
     void MoveFocus(bool forward);
@@ -75,12 +75,12 @@ private:
     FormView form_;
     PreviewPane pane_;
     Splitter splitter_;
+    DialogFocus focus_;
     HWND status_ = nullptr;
     std::optional<PreviewWorker> worker_;
 
     int dpi_ = kNormalDpi;
     int paneHeight_ = 150;  // at kNormalDpi
-    HWND lastFocus_ = nullptr;
     std::u16string shownTitle_;
     std::u16string shownStatus_;
     FormModel* shownForm_ = nullptr;
