@@ -6,10 +6,11 @@
 #include "configurator/FileTexts.h"
 #include "configurator/OutputFile.h"
 #include "configurator/SettingsSource.h"
+#include "configurator/program/ProgramFields.h"
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
 #include "window/model/BoxTexts.h"
-#include "window/model/DocumentIcon.h"
+#include "window/model/IconField.h"
 
 namespace tarvex {
 namespace {
@@ -70,8 +71,9 @@ bool LauncherSaving::MaySave(Document& document) {
     }
     Problems problems;
     document.Values(&problems);
-    if (problems.empty()) {
-        problems = ReadIcon(services_.store, document);
+    if (std::u16string problem = LoadIcon(document, services_.store); !problem.empty()) {
+        problems.push_back(
+            {path, 0, std::u16string(FindField(kFieldIconFile)->name), std::move(problem)});
     }
     if (!problems.empty()) {
         TellUser(

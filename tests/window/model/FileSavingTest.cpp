@@ -180,9 +180,9 @@ TEST_F(FileSavingTest, IconIsReadFromItsFile) {
     document->SetText(kFieldIconFile, u"Kunden.ico");
     EXPECT_FALSE(commands.Save(*document).done);
     EXPECT_EQ(dialogs.log, Log({"Frage: Diese Angaben können nicht gespeichert werden:\n\n"
-                                "IconFile: C:\\Daten/Kunden.ico: Die Datei ist nicht vorhanden. "
+                                "IconFile: Kunden.ico: Die Datei ist nicht vorhanden. "
                                 "[OK]"}));
-    files.AddFile(u"C:\\Daten/Kunden.ico", IconBytes({BitmapImage(32, 32)}));
+    files.AddFile(u"C:/Daten/Kunden.ico", IconBytes({BitmapImage(32, 32)}));
     EXPECT_TRUE(commands.Save(*document).done);
     EXPECT_EQ(document->Text(kFieldIconFile), Stored(kLauncher).Value(kFieldIconFile));
     EXPECT_FALSE(document->IsDirty());
