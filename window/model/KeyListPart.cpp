@@ -151,7 +151,9 @@ RowState KeyListPart::AnswerState() const {
     if (selected < 0 || answers_ == nullptr) {
         return state;
     }
-    const auto answer = answers_->find(lines.at(static_cast<std::size_t>(selected)).number);
+    const KeyListEdit::Line& line = lines.at(static_cast<std::size_t>(selected));
+    const auto answer =
+        answers_->find({edit_.List().first, std::u16string(TrimBlanksAndTabs(line.entry))});
     if (answer != answers_->end()) {
         state.text = answer->second.text;
     }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -55,9 +54,9 @@ public:
     /// Chooses the entry of that field, to lead the user to it.
     void SelectField(std::int32_t number);
 
-    /// What the last preview says, by the numbers of the fields; null: there is none. It stays the
+    /// What the last preview says; null: there is none. It stays the
     /// caller's and lives until the next call.
-    void SetAnswers(const std::map<std::int32_t, EntryAnswer>* answers) { answers_ = answers; }
+    void SetAnswers(const EntryAnswers* answers) { answers_ = answers; }
 
     /// Answers for an entry while it is edited; without one the dialog shows none.
     void SetAnswerer(EntryAnswerer answerer) { answerer_ = std::move(answerer); }
@@ -80,7 +79,7 @@ private:
     std::int32_t row_;
     std::int32_t selected_ = 0;
     bool enabled_ = true;
-    const std::map<std::int32_t, EntryAnswer>* answers_ = nullptr;
+    const EntryAnswers* answers_ = nullptr;
     EntryAnswerer answerer_;
 };
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "configurator/Model.h"
@@ -24,6 +25,10 @@ struct EntryAnswer {
     std::u16string text;  ///< German, one line: the path, or why there is none
 };
 
+/// By the number of the list's first field and the text of the entry without blanks around it: an
+/// entry that was changed or moved since never has the answer of another one.
+using EntryAnswers = std::map<std::pair<std::int32_t, std::u16string>, EntryAnswer>;
+
 /// What a launcher with these settings would do on that PC, and what there is to say of them.
 struct PreviewResult {
     bool starts = false;         ///< Access would be started
@@ -32,7 +37,7 @@ struct PreviewResult {
     std::vector<std::u16string>
         remarks;        ///< German: what the description does not say, and the like
     Findings findings;  ///< of the settings themselves
-    std::map<std::int32_t, EntryAnswer> entries;  ///< by the number of the entry's field
+    EntryAnswers entries;
 };
 
 }  // namespace tarvex

@@ -17,9 +17,9 @@ EntryAnswer EntryAsker::Answer(const PreviewRequest& about, const KeyListFields&
     if (!result) {
         return {false, u"Ein Pfad antwortet nicht …"};
     }
-    const auto answer = result->entries.find(list.Field(1));
-    return answer != result->entries.end() ? answer->second
-                                           : EntryAnswer{false, result->commandLine};
+    // One that is divided is answered for by its first part.
+    return result->entries.empty() ? EntryAnswer{false, result->commandLine}
+                                   : result->entries.begin()->second;
 }
 
 }  // namespace tarvex

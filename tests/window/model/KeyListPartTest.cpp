@@ -106,15 +106,31 @@ TEST_F(KeyListPartTest, RoomOfTheChosenEntryIsTold) {
 TEST_F(KeyListPartTest, ChosenEntryIsAnswered) {
     Put(1, kA);
     Put(2, kB);
-    const std::map<std::int32_t, EntryAnswer> answers = {
-        {kDBRegList.Field(1), {true, u"C:\\Daten\\a.mdb – vorhanden"}},
-        {kDBRegList.Field(2), {false, u"Der Schlüssel fehlt."}}};
+    const std::int32_t list = kDBRegList.first;
+    const EntryAnswers answers = {
+        {{list, std::u16string(kA)}, {true, u"C:\\Daten\\a.mdb – vorhanden"}},
+        {{list, std::u16string(kB)}, {false, u"Der Schlüssel fehlt."}}};
     EXPECT_EQ(Text(part_.State(kAnswer).text), "");
     part_.SetAnswers(&answers);
     EXPECT_EQ(Text(part_.State(kAnswer).text), "C:\\Daten\\a.mdb – vorhanden");
     part_.Select(kRow, 1);
     EXPECT_EQ(Text(part_.State(kAnswer).text), "Der Schlüssel fehlt.");
     EXPECT_TRUE(part_.State(kAnswer).readOnly);
+}
+
+TEST_F(KeyListPartTest, EntryThatWasMovedTakesItsAnswerAlong) {
+    Put(1, kA);
+    Put(2, u" " + std::u16string(kB));
+    const std::int32_t list = kDBRegList.first;
+    const EntryAnswers answers = {{{list, std::u16string(kA)}, {false, u"Antwort A"}},
+                                  {{list, std::u16string(kB)}, {false, u"Antwort B"}}};
+    part_.SetAnswers(&answers);
+    part_.Press(kRow + KeyListPart::kDownButton);
+    EXPECT_EQ(Text(part_.State(kAnswer).text), "Antwort A");
+    part_.Select(kRow, 0);
+    EXPECT_EQ(Text(part_.State(kAnswer).text), "Antwort B");
+    Put(1, u"HKLM\\SOFTWARE\\Neu\\A");
+    EXPECT_EQ(Text(part_.State(kAnswer).text), "");
 }
 
 TEST_F(KeyListPartTest, NewEntryIsEnteredInItsDialog) {

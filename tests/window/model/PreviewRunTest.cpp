@@ -41,10 +41,15 @@ protected:
         return RunPreview(request, services);
     }
 
-    std::u16string Entry(std::int32_t number) {
+    /// Where the entry in the field leads, with "+" after it when the file is there.
+    std::string Answer(const KeyListFields& list, std::int32_t position, std::size_t part = 0) {
         const PreviewResult result = Run();
-        const auto found = result.entries.find(number);
-        return found == result.entries.end() ? u"keine Antwort" : found->second.text;
+        const std::u16string_view value = request.settings.Value(list.Field(position));
+        const std::u16string entry = text::SplitList(value, u"%|%").at(part);
+        const auto found = result.entries.find({list.first, entry});
+        return found == result.entries.end()
+                   ? "keine Antwort"
+                   : text::ToUtf8(found->second.text) + (found->second.exists ? "+" : "");
     }
 
     PreviewRequest request;
@@ -178,25 +183,13 @@ TEST_F(PreviewRunTest, DescriptionThatCannotBeReadIsTold) {
 TEST_F(PreviewRunTest, EntryLeadsToAFile) {
     pc.files.AddFile(u"C:\\Daten\\Kunden.mdb");
     pc.registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Pfad", "C:\\Daten");
-    pc.registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Alt", "C:\\Alt");
     Set(kDBRegList.Field(1), u"HKLM\\SOFTWARE\\Firma\\Pfad%|Filename%|Kunden.mdb");
-    Set(kDBRegList.Field(2), u"HKLM\\SOFTWARE\\Firma\\Alt%|SubDir|%x%|Filename%|Kunden.mdb");
-    Set(kDBRegList.Field(3), u"HKLM\\SOFTWARE\\Firma\\Fehlt%|Filename%|Kunden.mdb");
-    Set(kDBRegList.Field(4), u"Unsinn");
-    Set(kDBRegList.Field(5), u"HKLM\\SOFTWARE\\Firma\\Pfad%|SubDir|%x");
-    PreviewResult result = Run();
-    EXPECT_EQ(result.entries.size(), 5u);
-    EXPECT_EQ(result.entries[kDBRegList.Field(1)].text, u"C:\\Daten\\Kunden.mdb – vorhanden");
-    EXPECT_TRUE(result.entries[kDBRegList.Field(1)].exists);
-    EXPECT_EQ(result.entries[kDBRegList.Field(2)].text,
-              u"C:\\Alt\\x\\Kunden.mdb – nicht vorhanden");
-    EXPECT_FALSE(result.entries[kDBRegList.Field(2)].exists);
-    EXPECT_EQ(result.entries[kDBRegList.Field(3)].text,
-              u"Der Schlüssel oder Wert fehlt oder ist leer.");
-    EXPECT_EQ(result.entries[kDBRegList.Field(4)].text,
-              u"Der Eintrag nennt keinen Registrierungswert.");
-    EXPECT_EQ(result.entries[kDBRegList.Field(5)].text,
-              u"Unterpfad (x) angegeben, aber kein Dateiname. Pfad kann nicht aufgelöst werden.");
+    Set(kDBRegList.Field(2), u"HKLM\\SOFTWARE\\Firma\\Pfad%|Filename%|Alt.mdb");
+    Set(kDBRegList.Field(4), u"HKLM\\SOFTWARE\\Firma\\Fehlt%|Filename%|Kunden.mdb");
+    EXPECT_EQ(Answer(kDBRegList, 1), "C:\\Daten\\Kunden.mdb – vorhanden+");
+    EXPECT_EQ(Answer(kDBRegList, 2), "C:\\Daten\\Alt.mdb – nicht vorhanden");
+    EXPECT_EQ(Answer(kDBRegList, 4), "Der Schlüssel oder Wert fehlt oder ist leer.");
+    EXPECT_EQ(Run().entries.size(), 3u);
 }
 
 TEST_F(PreviewRunTest, EntriesOfEveryListAreReadByItsOwnRule) {
@@ -204,26 +197,24 @@ TEST_F(PreviewRunTest, EntriesOfEveryListAreReadByItsOwnRule) {
     pc.registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Office", "C:\\Office");
     pc.registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Daten", "C:\\Daten");
     Set(kAccRegList.Field(10), u"HKLM\\SOFTWARE\\Firma\\Office");
+    Set(kDBRegList.Field(10), u"HKLM\\SOFTWARE\\Firma\\Office");
     Set(kSysDBRegList.Field(1), u"HKLM\\SOFTWARE\\Firma\\Daten%|Filename%|System.mdw");
     Set(kPicRegList.Field(1), u"HKLM\\SOFTWARE\\Firma\\Daten%|Filename%|Bild.bmp");
     Set(kPicRegList.Field(2), u"HKLM\\SOFTWARE\\Firma\\Daten%|Filename%|Bild.gif");
-    PreviewResult result = Run();
-    EXPECT_EQ(result.entries[kAccRegList.Field(10)].text, u"C:\\Office\\msaccess.exe – vorhanden");
-    EXPECT_EQ(result.entries[kSysDBRegList.Field(1)].text,
-              u"C:\\Daten\\System.mdw – nicht vorhanden");
-    EXPECT_EQ(result.entries[kPicRegList.Field(1)].text, u"C:\\Daten\\Bild.bmp – vorhanden");
-    EXPECT_EQ(result.entries[kPicRegList.Field(2)].text, u"Fehler: Dateiname ist unzulässig");
+    EXPECT_EQ(Answer(kAccRegList, 10), "C:\\Office\\msaccess.exe – vorhanden+");
+    EXPECT_EQ(Answer(kDBRegList, 10), "C:\\Office – nicht vorhanden");
+    EXPECT_EQ(Answer(kSysDBRegList, 1), "C:\\Daten\\System.mdw – nicht vorhanden");
+    EXPECT_EQ(Answer(kPicRegList, 1), "C:\\Daten\\Bild.bmp – vorhanden+");
+    EXPECT_EQ(Answer(kPicRegList, 2), "Fehler: Dateiname ist unzulässig");
 }
 
-TEST_F(PreviewRunTest, DividedFieldLeadsWhereItsFirstEntryDoesThatIsThere) {
+TEST_F(PreviewRunTest, EveryEntryOfADividedFieldIsAnswered) {
     pc.registry.SetTextZ(kHKeyLocalMachine, u"SOFTWARE\\Firma", u"Office", "C:\\Office");
     Set(kAccRegList.Field(1),
-        u"HKLM\\SOFTWARE\\Firma\\Fehlt%|%HKLM\\SOFTWARE\\Firma\\Office%|%HKLM\\X\\Y");
-    EXPECT_EQ(Entry(kAccRegList.Field(1)), u"C:\\Office\\msaccess.exe – vorhanden");
-    Set(kAccRegList.Field(1), u"HKLM\\SOFTWARE\\Firma\\Fehlt%|%Unsinn");
-    EXPECT_EQ(Entry(kAccRegList.Field(1)),
-              u"Der Schlüssel oder Wert fehlt oder ist leer.; Der Eintrag nennt keinen "
-              u"Registrierungswert.");
+        u"HKLM\\SOFTWARE\\Firma\\Fehlt%|% HKLM\\SOFTWARE\\Firma\\Office %|%Unsinn");
+    EXPECT_EQ(Answer(kAccRegList, 1, 0), "Der Schlüssel oder Wert fehlt oder ist leer.");
+    EXPECT_EQ(Answer(kAccRegList, 1, 1), "C:\\Office\\msaccess.exe – vorhanden+");
+    EXPECT_EQ(Answer(kAccRegList, 1, 2), "Der Eintrag nennt keinen Registrierungswert.");
 }
 
 TEST_F(PreviewRunTest, EntryIsUnknownWhereTheDescriptionIsSilent) {
@@ -237,18 +228,10 @@ TEST_F(PreviewRunTest, EntryIsUnknownWhereTheDescriptionIsSilent) {
     Set(kDBRegList.Field(2), u"HKCU\\Software\\Firma\\Pfad%|Filename%|b.mdb");
     Set(kDBRegList.Field(3), u"HKCU\\Software\\Firma\\Pfad%|Filename%|c.mdb");
     Set(kDBRegList.Field(4), u"HKCU\\Software\\Andere\\Pfad%|Filename%|a.mdb");
-    Set(kDBRegList.Field(5),
-        u"HKCU\\Software\\Firma\\Pfad%|Filename%|a.mdb%|%HKCU\\Software\\Firma\\Pfad%|Filename%|"
-        u"b.mdb");
-    PreviewResult result = Run();
-    EXPECT_EQ(result.entries[kDBRegList.Field(1)].text,
-              u"C:\\Daten\\a.mdb – unbekannt (nicht beschrieben)");
-    EXPECT_EQ(result.entries[kDBRegList.Field(2)].text, u"C:\\Daten\\b.mdb – vorhanden");
-    EXPECT_EQ(result.entries[kDBRegList.Field(3)].text, u"C:\\Daten\\c.mdb – nicht vorhanden");
-    EXPECT_EQ(result.entries[kDBRegList.Field(4)].text, u"unbekannt (nicht beschrieben)");
-    EXPECT_EQ(result.entries[kDBRegList.Field(5)].text,
-              u"C:\\Daten\\a.mdb – unbekannt (nicht beschrieben); C:\\Daten\\b.mdb – vorhanden");
-    EXPECT_FALSE(result.entries[kDBRegList.Field(5)].exists);
+    EXPECT_EQ(Answer(kDBRegList, 1), "C:\\Daten\\a.mdb – unbekannt (nicht beschrieben)");
+    EXPECT_EQ(Answer(kDBRegList, 2), "C:\\Daten\\b.mdb – vorhanden+");
+    EXPECT_EQ(Answer(kDBRegList, 3), "C:\\Daten\\c.mdb – nicht vorhanden");
+    EXPECT_EQ(Answer(kDBRegList, 4), "unbekannt (nicht beschrieben)");
 }
 
 /// All texts of a result, one after the other.
@@ -260,7 +243,7 @@ std::u16string Everything(const PreviewResult& result) {
     for (const Finding& finding : result.findings) {
         all += u"\n" + FindingLine(finding);
     }
-    for (const auto& [number, answer] : result.entries) {
+    for (const auto& [entry, answer] : result.entries) {
         all += u"\n" + answer.text;
     }
     return all;

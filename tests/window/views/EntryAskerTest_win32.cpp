@@ -10,10 +10,10 @@ const PreviewRequest kAbout = {{}, u"C:\\Kunden\\Kunden.exe", u"D:\\Kasse.pc"};
 TEST(EntryAskerTest, EntryIsAskedForAloneAndInItsList) {
     EntryAsker asker([](const PreviewRequest& request) {
         PreviewResult result;
-        const std::int32_t number = kDBRegList.Field(1);
-        result.entries[number].text = request.program + u" " + request.pc + u" " +
-                                      std::u16string(request.settings.Value(number));
-        result.entries[number].exists = request.settings.Entries().size() == 1;
+        const std::u16string entry(request.settings.Value(kDBRegList.Field(1)));
+        result.entries[{kDBRegList.first, entry}] = {
+            request.settings.Entries().size() == 1,
+            request.program + u" " + request.pc + u" " + entry};
         return result;
     });
     const EntryAnswer answer = asker.Answer(kAbout, kDBRegList, u"HKLM\\A\\B");
