@@ -80,26 +80,27 @@ IMPORTS = {
         CreateWindowExW DefWindowProcW DeleteMenu DestroyAcceleratorTable DestroyIcon
         DestroyMenu DestroyWindow DialogBoxParamW DispatchMessageW DrawFocusRect DrawIcon
         DrawIconEx DrawTextA DrawTextW EmptyClipboard EnableMenuItem EnableWindow EndDialog
-        EndPaint EnumChildWindows EnumThreadWindows FillRect FindWindowExW GetActiveWindow
-        GetAncestor GetClassInfoExW GetClassNameW GetClientRect GetClipboardData GetCursorPos
-        GetDC GetDesktopWindow GetDlgCtrlID GetDlgItem GetDlgItemTextA GetDlgItemTextW GetFocus
-        GetForegroundWindow GetKeyState GetMenu GetMenuItemID GetMessageW GetMonitorInfoW
-        GetNextDlgTabItem GetParent GetScrollInfo GetSubMenu GetSysColor GetSysColorBrush
-        GetSystemMenu GetSystemMetrics GetWindow GetWindowLongA GetWindowLongW GetWindowRect
-        GetWindowTextA GetWindowTextLengthW GetWindowTextW GetWindowThreadProcessId InsertMenuW
-        InvalidateRect IsChild IsDialogMessageW IsIconic IsWindow IsWindowEnabled
-        IsWindowVisible KillTimer LoadAcceleratorsW LoadBitmapW LoadCursorW LoadIconW LoadImageW
-        LoadMenuW LoadStringA LoadStringW MapWindowPoints MessageBeep MessageBoxA
-        MessageBoxIndirectA MessageBoxW MonitorFromPoint MonitorFromWindow MoveWindow
-        MsgWaitForMultipleObjects OffsetRect OpenClipboard PeekMessageW PostMessageW
-        PostThreadMessageW PtInRect RedrawWindow RegisterClassExW RegisterClassW ReleaseCapture
-        ReleaseDC ScreenToClient ScrollWindowEx SendDlgItemMessageA SendDlgItemMessageW
-        SendMessageA SendMessageW SetActiveWindow SetCapture SetClipboardData SetCursor
-        SetDlgItemTextA SetDlgItemTextW SetFocus SetForegroundWindow SetMenu SetRect
-        SetScrollInfo SetScrollPos SetTimer SetWindowContextHelpId SetWindowLongA SetWindowLongW
-        SetWindowPos SetWindowRgn SetWindowTextA SetWindowTextW ShowCursor ShowWindow
-        SystemParametersInfoA SystemParametersInfoW TranslateAcceleratorW TranslateMessage
-        UnregisterClassW UpdateWindow WinHelpA WindowFromPoint
+        EndPaint EnumChildWindows EnumDisplayMonitors EnumThreadWindows FillRect FindWindowExW
+        GetActiveWindow GetAncestor GetClassInfoExW GetClassNameW GetClientRect GetClipboardData
+        GetCursorPos GetDC GetDesktopWindow GetDlgCtrlID GetDlgItem GetDlgItemTextA
+        GetDlgItemTextW GetFocus GetForegroundWindow GetKeyState GetMenu GetMenuItemID
+        GetMessageW GetMonitorInfoW GetNextDlgTabItem GetParent GetScrollInfo GetSubMenu
+        GetSysColor GetSysColorBrush GetSystemMenu GetSystemMetrics GetWindow GetWindowLongA
+        GetWindowLongW GetWindowPlacement GetWindowRect GetWindowTextA GetWindowTextLengthW
+        GetWindowTextW GetWindowThreadProcessId InsertMenuW InvalidateRect IsChild
+        IsDialogMessageW IsIconic IsWindow IsWindowEnabled IsWindowVisible KillTimer
+        LoadAcceleratorsW LoadBitmapW LoadCursorW LoadIconW LoadImageW LoadMenuW LoadStringA
+        LoadStringW MapWindowPoints MessageBeep MessageBoxA MessageBoxIndirectA MessageBoxW
+        MonitorFromPoint MonitorFromWindow MoveWindow MsgWaitForMultipleObjects OffsetRect
+        OpenClipboard PeekMessageW PostMessageW PostThreadMessageW PtInRect RedrawWindow
+        RegisterClassExW RegisterClassW ReleaseCapture ReleaseDC ScreenToClient ScrollWindowEx
+        SendDlgItemMessageA SendDlgItemMessageW SendMessageA SendMessageW SetActiveWindow
+        SetCapture SetClipboardData SetCursor SetDlgItemTextA SetDlgItemTextW SetFocus
+        SetForegroundWindow SetMenu SetRect SetScrollInfo SetScrollPos SetTimer
+        SetWindowContextHelpId SetWindowLongA SetWindowLongW SetWindowPos SetWindowRgn
+        SetWindowTextA SetWindowTextW ShowCursor ShowWindow SystemParametersInfoA
+        SystemParametersInfoW TranslateAcceleratorW TranslateMessage UnregisterClassW
+        UpdateWindow WinHelpA WindowFromPoint
         """,
 }
 

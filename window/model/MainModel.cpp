@@ -59,8 +59,15 @@ bool ChangesDocument(Command command) {
 MainModel::MainModel(MainServices services)
     : services_(std::move(services)),
       files_(services_.files),
+      kept_(services_.files.settings),
       pcs_(services_.files.dialogs, services_.files.store, services_.folders),
-      start_(files_, [this](FileResult result) { Take(std::move(result)); }) {}
+      start_(files_, [this](FileResult result) { Take(std::move(result)); }) {
+    pcs_.SetFolder(kept_.PcFolder());
+    if (const std::optional<std::int32_t> height = kept_.PreviewHeight()) {
+        folded_ = *height == 0;
+        previewHeight_ = folded_ ? previewHeight_ : *height;
+    }
+}
 
 std::u16string MainModel::Title() const {
     if (!document_) {
@@ -99,9 +106,6 @@ PreviewPaneState MainModel::Pane() const {
     if (preview_) {
         pane.commandLine = preview_->commandLine;
         pane.text = preview_->text;
-        for (const std::u16string& remark : preview_->remarks) {
-            pane.text += remark + u"\r\n";
-        }
     }
     if (isStuck_) {
         pane.commandLine = u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf …";
@@ -110,7 +114,11 @@ PreviewPaneState MainModel::Pane() const {
     for (const FindingRow& finding : findings_) {
         pane.findings.push_back(finding.text);
     }
-    pane.findingsTitle = CountText(findings_.size());
+    if (preview_) {
+        pane.findings.insert(pane.findings.end(), preview_->remarks.begin(),
+                             preview_->remarks.end());
+    }
+    pane.findingsTitle = CountText(pane.findings.size());
     return pane;
 }
 
@@ -275,6 +283,11 @@ void MainModel::GoToField(std::int32_t number) {
 
 bool MainModel::MayClose() {
     return files_.MayClose(document_.get());
+}
+
+void MainModel::KeepState() {
+    kept_.SetPreviewHeight(folded_ ? 0 : previewHeight_);
+    kept_.SetPcFolder(pcs_.Folder());
 }
 
 void MainModel::TellFailure() {

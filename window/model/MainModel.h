@@ -14,6 +14,7 @@
 #include "window/model/Document.h"
 #include "window/model/FileCommands.h"
 #include "window/model/Form.h"
+#include "window/model/KeptState.h"
 #include "window/model/KeyEntryForm.h"
 #include "window/model/Menu.h"
 #include "window/model/PageFindings.h"
@@ -80,6 +81,9 @@ public:
 
     PreviewPaneState Pane() const;
     bool IsPreviewFolded() const { return folded_; }
+    /// Height of the unfolded preview as the user wants it, in pixels at 100 %.
+    std::int32_t PreviewHeight() const { return previewHeight_; }
+    void SetPreviewHeight(std::int32_t height) { previewHeight_ = height; }
     std::vector<std::u16string> RecentFiles();
     bool IsEnabled(Command command) const;
     bool IsChecked(Command command) const;
@@ -101,6 +105,9 @@ public:
 
     /// False: the user stays.
     bool MayClose();
+
+    /// The window closes: what it finds again the next time is kept.
+    void KeepState();
 
     /// Tells the exception that is being handled. Call it inside a catch block only.
     void TellFailure();
@@ -134,6 +141,7 @@ private:
 
     MainServices services_;
     FileCommands files_;
+    KeptState kept_;
     PcChoice pcs_;
     StartPageForm start_;
     std::unique_ptr<Document> document_;
@@ -145,6 +153,7 @@ private:
     std::optional<PreviewResult> preview_;
     std::vector<FindingRow> findings_;
     bool folded_ = false;
+    std::int32_t previewHeight_ = 120;
     bool showsFindings_ = false;
     bool isOld_ = false;
     bool isStuck_ = false;

@@ -33,6 +33,10 @@ public:
     /// For PreviewRequest: the path of the description; empty: this PC.
     std::u16string Pc() const;
 
+    /// The folder of the described PCs, and where the user is asked for another one; empty: none.
+    const std::u16string& Folder() const { return folder_; }
+    void SetFolder(std::u16string_view folder) { folder_ = folder; }
+
     /// "diesem PC" or "Kasse", after "auf".
     std::u16string Name() const;
 

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <utility>
+#include <vector>
 
 #include "platform/win32/Dpi.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
+#include "window/model/KeptState.h"
 #include "window/model/Pages.h"
 
 namespace tarvex {
@@ -28,6 +30,28 @@ constexpr int kSearchHeight = 23;
 constexpr int kSplitterHeight = 6;
 constexpr int kLeastPane = 90;
 constexpr int kLeastPage = 160;
+
+BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM areas) {
+    MONITORINFO information{};
+    information.cbSize = sizeof(information);
+    if (GetMonitorInfoW(monitor, &information) != FALSE) {
+        const RECT& work = information.rcWork;
+        reinterpret_cast<std::vector<ScreenArea>*>(areas)->push_back(
+            {work.left, work.top, work.right, work.bottom});
+    }
+    return TRUE;
+}
+
+/// Of all screens; at least one.
+std::vector<ScreenArea> WorkAreas() {
+    std::vector<ScreenArea> areas;
+    EnumDisplayMonitors(nullptr, nullptr, AddWorkArea, reinterpret_cast<LPARAM>(&areas));
+    if (areas.empty()) {
+        const RECT area = WorkAreaAtPointer();
+        areas.push_back({area.left, area.top, area.right, area.bottom});
+    }
+    return areas;
+}
 
 SIZE SizeOf(const RECT& rect) {
     return {rect.right - rect.left, rect.bottom - rect.top};
@@ -71,6 +95,10 @@ bool MainWindow::Make() {
 
 void MainWindow::Run(const std::u16string& file) {
     ShowInFront();
+    if (const std::optional<WindowPlace> place = KeptState(settings_).Place();
+        place && place->maximised) {
+        ShowWindow(Window(), SW_SHOWMAXIMIZED);
+    }
     if (!file.empty()) {
         Do([this, &file] { model_.Open(file); });
     }
@@ -86,13 +114,32 @@ void MainWindow::Run(const std::u16string& file) {
 
 RECT MainWindow::StartPlace() const {
     const RECT area = WorkAreaAtPointer();
+    if (const std::optional<WindowPlace> place = KeptState(settings_).Place()) {
+        const ScreenArea& back = BroughtBack(place->area, WorkAreas());
+        return {back.left, back.top, back.right, back.bottom};
+    }
     const SIZE most = SizeOf(area);
     return Centred({std::min<LONG>(Scaled(kStartSize.cx, dpi_), most.cx),
                     std::min<LONG>(Scaled(kStartSize.cy, dpi_), most.cy)},
                    area);
 }
 
-void MainWindow::KeepPlace() {}
+void MainWindow::KeepPlace() {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof(placement);
+    if (GetWindowPlacement(Window(), &placement) != FALSE) {
+        // Its area is counted from the corner of the work area.
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof(monitor);
+        GetMonitorInfoW(MonitorFromWindow(Window(), MONITOR_DEFAULTTONEAREST), &monitor);
+        RECT area = placement.rcNormalPosition;
+        OffsetRect(&area, static_cast<int>(monitor.rcWork.left - monitor.rcMonitor.left),
+                   static_cast<int>(monitor.rcWork.top - monitor.rcMonitor.top));
+        KeptState(settings_).SetPlace({{area.left, area.top, area.right, area.bottom},
+                                       placement.showCmd == SW_SHOWMAXIMIZED});
+    }
+    model_.KeepState();
+}
 
 bool MainWindow::Translate(MSG& message) {
     return search_.OnKey(message) ||
@@ -282,7 +329,7 @@ int MainWindow::PaneHeight(int available) const {
         return pane_.FoldedHeight(dpi_);
     }
     const int least = Scaled(kLeastPane, dpi_);
-    return std::clamp(Scaled(paneHeight_, dpi_), least,
+    return std::clamp(Scaled(model_.PreviewHeight(), dpi_), least,
                       std::max(least, available - Scaled(kLeastPage, dpi_)));
 }
 
@@ -457,7 +504,8 @@ bool MainWindow::OnSplitter(UINT message, WPARAM first, LPARAM second) {
         case WM_MOUSEMOVE:
             if (splitter_.IsDragged()) {
                 const int below = AreaBelowPages() - splitter_.Top(second);
-                paneHeight_ = MulDiv(below - Scaled(kSplitterHeight, dpi_), kNormalDpi, dpi_);
+                model_.SetPreviewHeight(
+                    MulDiv(below - Scaled(kSplitterHeight, dpi_), kNormalDpi, dpi_));
                 PlaceControls();
             }
             return splitter_.IsDragged();

@@ -80,7 +80,6 @@ private:
     std::optional<PreviewWorker> worker_;
 
     int dpi_ = kNormalDpi;
-    int paneHeight_ = 150;  // at kNormalDpi
     std::u16string shownTitle_;
     std::u16string shownStatus_;
     FormModel* shownForm_ = nullptr;

@@ -248,6 +248,35 @@ TEST_F(MainModelTest, FailureIsToldAndLeavesTheDocument) {
     EXPECT_EQ(model_.Title(), u"Kunden.exe* – Tarvex-Konfiguration");
 }
 
+TEST_F(MainModelTest, RemarksOfThePreviewStandAfterTheFindings) {
+    Open();
+    PreviewResult result = WithFinding();
+    result.remarks = {u"Nicht beschrieben: C:\\Office"};
+    Answer(std::move(result));
+    EXPECT_EQ(model_.Pane().findingsTitle, u"2 Hinweise");
+    EXPECT_EQ(model_.Pane().findings.back(), u"Nicht beschrieben: C:\\Office");
+    EXPECT_EQ(model_.Pane().text, u"Protokoll\r\n");
+    model_.GoToFinding(1);
+    EXPECT_FALSE(model_.TakeDestination().has_value());
+}
+
+TEST_F(MainModelTest, PreviewIsFoundAgainAsItWasLeft) {
+    EXPECT_EQ(model_.PreviewHeight(), 120);
+    model_.SetPreviewHeight(200);
+    model_.KeepState();
+    const auto next = [this] {
+        return MainModel(
+            {{store, codec, dialogs, userSettings, starter, u"C:\\Tarvex\\tarvexcf.exe"},
+             folders_});
+    };
+    EXPECT_EQ(next().PreviewHeight(), 200);
+    EXPECT_FALSE(next().IsPreviewFolded());
+    Open();
+    model_.Run(Command::TogglePreview, 0);
+    model_.KeepState();
+    EXPECT_TRUE(next().IsPreviewFolded());
+}
+
 TEST_F(MainModelTest, EntriesAreAskedForOnThePcOfThePreview) {
     std::u16string asked;
     MainModel model({{store, codec, dialogs, userSettings, starter, u"C:\\Tarvex\\tarvexcf.exe"},
