@@ -262,7 +262,7 @@ TEST_F(FileSavingTest, UnsavedChangesAreAskedForBeforeClosing) {
     EXPECT_EQ(Stored(kLauncher).Value(kFieldAppName), u"Kunden");
     EXPECT_TRUE(commands.MayClose(document.get()));
     EXPECT_EQ(Stored(kLauncher).Value(kFieldAppName), u"Artikel");
-    EXPECT_EQ(dialogs.log[0],
+    EXPECT_EQ(dialogs.log.at(0),
               "Frage: Änderungen an Kunden.exe speichern? [&Speichern|&Nicht "
               "speichern|Abbrechen]");
 }

@@ -123,7 +123,7 @@ TEST_F(NewLauncherFormTest, FileAndFolderAreChosenInDialogs) {
     form_.Press(NewLauncherForm::kChooseFolder);
     EXPECT_EQ(form_.Source(), u"C:\\Tarvex\\weg.exe");
     EXPECT_EQ(form_.State(NewLauncherForm::kFolder).text, u"C:\\Daten");
-    EXPECT_EQ(dialogs.fileQuestions[0].folder, u"C:\\Tarvex");
+    EXPECT_EQ(dialogs.fileQuestions.at(0).folder, u"C:\\Tarvex");
 }
 
 }  // namespace

@@ -138,7 +138,7 @@ TEST_F(SettingsExchangeTest, WhatIsProbablyNotMeantIsTold) {
     dialogs.paths = {kFile};
     dialogs.formUsers = {LookAt(true)};
     EXPECT_TRUE(commands.Import(*document).done);
-    EXPECT_EQ(dialogs.log[1],
+    EXPECT_EQ(dialogs.log.at(1),
               "Frage: Zu Kunden.ini ist zu sagen:\n\nZeile 2, Cmd: Die Zeile ist eingerückt und "
               "setzt den Wert darüber fort; er enthält damit einen Zeilenwechsel. [OK]");
     EXPECT_EQ(changes_, Items({{u"Cmd", u"", u"a b"}}));
@@ -181,7 +181,7 @@ TEST_F(SettingsExchangeTest, ExportOverAFileWarnsOfItsComments) {
     AddSettingsFile(u"; mühsam geschrieben\n");
     dialogs.paths = {kFile};
     EXPECT_FALSE(commands.Export(*document).done);
-    EXPECT_EQ(dialogs.log[1],
+    EXPECT_EQ(dialogs.log.at(1),
               "Frage: Kunden.ini ist schon vorhanden. Kommentare, die darin stehen, gehen beim "
               "Exportieren verloren. [&Ersetzen|Abbrechen]");
     EXPECT_EQ(files.Bytes(kFile), "; mühsam geschrieben\n");
@@ -199,7 +199,7 @@ TEST_F(SettingsExchangeTest, IconIsExportedBesideTheSettings) {
     dialogs.paths = {kFile};
     dialogs.answers = {0};
     EXPECT_TRUE(commands.Export(*document).done);
-    EXPECT_EQ(dialogs.log[1],
+    EXPECT_EQ(dialogs.log.at(1),
               "Frage: Kunden.ico ist schon vorhanden und wird ersetzt. "
               "[&Ersetzen|Abbrechen]");
     EXPECT_EQ(files.Bytes(u"C:\\Daten\\Kunden.ico"), IconBytes({BitmapImage(32, 32)}));
@@ -214,7 +214,7 @@ TEST_F(SettingsExchangeTest, FailedExportIsToldAndLeavesTheOldFile) {
     store.failCall = 1;
     store.failure = FileProblem::DiskFull;
     EXPECT_FALSE(commands.Export(*document).done);
-    EXPECT_EQ(dialogs.log[2],
+    EXPECT_EQ(dialogs.log.at(2),
               "Frage: Kunden.ini kann nicht geschrieben werden:\n\nDer Datenträger ist voll. [OK]");
     EXPECT_EQ(files.Bytes(kFile), "; alt\n");
 }
@@ -372,7 +372,7 @@ TEST_F(SettingsExchangeTest, TemplateHasNothingToTakeOver) {
     const std::unique_ptr<Document> document = Opened();
     dialogs.paths = {kTemplate};
     EXPECT_FALSE(commands.TakeOver(*document).done);
-    EXPECT_EQ(dialogs.log[1],
+    EXPECT_EQ(dialogs.log.at(1),
               "Frage: Aus tarvex.exe kann nichts übernommen werden:\n\nDie Datei ist kein "
               "konfiguriertes Startprogramm; es gibt nichts zu übernehmen. [OK]");
 }
@@ -457,7 +457,7 @@ TEST_F(SettingsExchangeTest, FileThatCannotBeComparedIsTold) {
     const std::unique_ptr<Document> document = Opened();
     dialogs.paths = {u"C:\\Daten\\Weg.exe"};
     EXPECT_FALSE(commands.Compare(*document).done);
-    EXPECT_EQ(dialogs.log[1],
+    EXPECT_EQ(dialogs.log.at(1),
               "Frage: Weg.exe kann nicht verglichen werden:\n\nDie Datei ist nicht "
               "vorhanden. [OK]");
 }
