@@ -26,7 +26,7 @@ constexpr SIZE kStartSize = {800, 560};
 constexpr SIZE kLeastSize = {640, 440};
 constexpr int kPagesWidth = 150;
 constexpr int kGap = 6;
-constexpr int kSearchHeight = 23;
+constexpr int kSearchBorder = 4;  // above and below its text
 constexpr int kSplitterHeight = 6;
 constexpr int kLeastPane = 90;
 constexpr int kLeastPage = 160;
@@ -302,7 +302,7 @@ void MainWindow::PlaceControls() {
     const int bottom = AreaBelowPages();
     const int gap = Scaled(kGap, dpi_);
     const SIZE tools = toolBar_.Size();
-    const int searchHeight = Scaled(kSearchHeight, dpi_);
+    const int searchHeight = fonts_->LineHeight(FormFont::Normal) + Scaled(2 * kSearchBorder, dpi_);
     const int barHeight = std::max(static_cast<int>(tools.cy), searchHeight) + gap;
     const int toolsTop = (barHeight - static_cast<int>(tools.cy)) / 2;
     toolBar_.Place({gap, toolsTop, gap + tools.cx, toolsTop + tools.cy});

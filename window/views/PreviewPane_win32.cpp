@@ -13,7 +13,6 @@ namespace tarvex {
 namespace {
 
 // At kNormalDpi.
-constexpr int kRowHeight = 23;
 constexpr int kGap = 6;
 constexpr int kPcsWidth = 170;
 constexpr int kButtonWidth = 110;
@@ -90,12 +89,19 @@ void PreviewPane::SetFonts(HFONT font, HFONT fixedFont) {
 }
 
 int PreviewPane::FoldedHeight(int dpi) const {
-    return Scaled(kRowHeight + 2 * kGap, dpi);
+    return RowHeight() + Scaled(2 * kGap, dpi);
+}
+
+/// The box takes its height from its font; everything beside it gets the same.
+int PreviewPane::RowHeight() const {
+    RECT box{};
+    GetWindowRect(pcs_, &box);
+    return static_cast<int>(box.bottom - box.top);
 }
 
 void PreviewPane::Place(const RECT& area, int dpi) {
     const int gap = Scaled(kGap, dpi);
-    const int row = Scaled(kRowHeight, dpi);
+    const int row = RowHeight();
     const int top = area.top + gap;
     int left = area.left + gap;
     const int labelWidth = TextWidth(font_, u"Vorschau auf ");

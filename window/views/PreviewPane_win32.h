@@ -59,6 +59,7 @@ public:
 private:
     HWND CreateControl(HWND window, const wchar_t* className, const wchar_t* text, DWORD style,
                        int id, DWORD extendedStyle = 0) const;
+    int RowHeight() const;
     void ShowPcs();
     void ShowFindings();
     void ShowParts() const;
