@@ -3,7 +3,7 @@
 #include "platform/win32/Handles.h"
 #include "platform/win32/WindowsApi.h"
 #include "tests/platform/RegistryContract.h"
-#include "tests/platform/ScratchRegistry_win32.h"
+#include "tests/support/ScratchRegistry_win32.h"
 
 namespace tarvex {
 

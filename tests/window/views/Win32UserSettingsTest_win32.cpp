@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/platform/ScratchRegistry_win32.h"
+#include "tests/support/ScratchRegistry_win32.h"
 
 namespace tarvex {
 namespace {

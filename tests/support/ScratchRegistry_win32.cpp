@@ -1,4 +1,4 @@
-#include "tests/platform/ScratchRegistry_win32.h"
+#include "tests/support/ScratchRegistry_win32.h"
 
 #include <stdexcept>
 
