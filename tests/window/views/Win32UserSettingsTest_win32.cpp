@@ -11,6 +11,11 @@ constexpr const char16_t* kKey = u"Software\\Tarvex\\Konfiguration";
 
 class Win32UserSettingsTest : public testing::Test {
 protected:
+    Win32UserSettingsTest() {
+        // Under a key that lasts as long as the system runs, the system makes no lasting one.
+        scratch_.AddKey(kHKeyCurrentUser, kKey);
+    }
+
     ScratchRegistry scratch_;
     Win32UserSettings settings_;
 };
