@@ -50,6 +50,39 @@ TEST_F(BrandWriterTest, SameInputGivesSameBytes) {
     EXPECT_EQ(world_.files.Bytes(u"A.exe"), world_.files.Bytes(u"B.exe"));
 }
 
+TEST_F(BrandWriterTest, CopyHasTheChangesAndItsSourceStays) {
+    Settings settings;
+    settings.Set(kFieldAppName, u"Kunden");
+    settings.Set(kFieldCmd, u"alt");
+    Writer().Brand(u"T.exe", u"A.exe", settings, {});
+    const std::string before = world_.files.Bytes(u"A.exe");
+    Settings changes;
+    changes.Set(kFieldCmd, u"neu");
+    EXPECT_TRUE(Writer().Copy(u"A.exe", u"B.exe", changes, {}).empty());
+    EXPECT_EQ(world_.files.Bytes(u"A.exe"), before);
+    EXPECT_EQ(Written(u"B.exe").Value(kFieldAppName), u"Kunden");
+    EXPECT_EQ(Written(u"B.exe").Value(kFieldCmd), u"neu");
+    EXPECT_EQ(world_.store.lastAccess.model, u"A.exe");
+}
+
+TEST_F(BrandWriterTest, CopyNeverTakesThePlaceOfItsSource) {
+    Writer().Brand(u"T.exe", u"A.exe", {}, {});
+    const Problems problems = Writer().Copy(u"A.exe", u"a.EXE", {}, {.force = true});
+    ASSERT_EQ(problems.size(), 1U);
+    EXPECT_EQ(ProblemLine(problems[0]),
+              u"a.EXE: Die Ausgabe wäre dieselbe Datei wie die Eingabe 'A.exe'.");
+}
+
+TEST_F(BrandWriterTest, ChangeUsesTheLockThatItsCallerHas) {
+    Writer().Brand(u"T.exe", u"A.exe", {}, {});
+    const std::unique_ptr<FileLock> lock = world_.store.Lock(u"A.exe", kLockPatience);
+    Settings changes;
+    changes.Set(kFieldCmd, u"neu");
+    EXPECT_TRUE(Writer().Change(u"A.exe", changes, *lock).empty());
+    EXPECT_EQ(Written(u"A.exe").Value(kFieldCmd), u"neu");
+    EXPECT_EQ(world_.store.HeldLocks(), 1U);
+}
+
 TEST_F(BrandWriterTest, BrandEmptiesWhatATemplateHolds) {
     SyntheticLauncher launcher;
     launcher.Mark(u"Cmd").value = u"rest";

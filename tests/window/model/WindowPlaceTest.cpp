@@ -41,6 +41,7 @@ TEST(WindowPlaceTest, TitleBarThatNobodyCanReachComesBack) {
     EXPECT_EQ(BroughtBack({100, -30, 900, 530}, kScreens), (ScreenArea{100, 0, 900, 560}));
     EXPECT_EQ(BroughtBack({-701, 0, 99, 560}, kScreens), (ScreenArea{0, 0, 800, 560}));
     EXPECT_EQ(BroughtBack({2000, 100, 2800, 660}, kScreens), (ScreenArea{2000, 200, 2800, 760}));
+    EXPECT_EQ(BroughtBack({2000, 190, 2800, 750}, kScreens), (ScreenArea{2000, 200, 2800, 760}));
 }
 
 TEST(WindowPlaceTest, WindowIsNotLargerThanTheScreenItComesBackTo) {

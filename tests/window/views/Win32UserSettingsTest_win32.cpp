@@ -11,9 +11,10 @@ constexpr const char16_t* kKey = u"Software\\Tarvex\\Konfiguration";
 
 class Win32UserSettingsTest : public testing::Test {
 protected:
-    // The keys of the scratch registry are volatile, and below such a one the system makes no
-    // other.
-    Win32UserSettingsTest() { scratch_.AddKey(kHKeyCurrentUser, kKey); }
+    Win32UserSettingsTest() {
+        // Under a key that lasts as long as the system runs, the system makes no lasting one.
+        scratch_.AddKey(kHKeyCurrentUser, kKey);
+    }
 
     ScratchRegistry scratch_;
     Win32UserSettings settings_;
