@@ -15,6 +15,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+// Objects of COM are never deleted through a base class.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 /// The service of Windows, which the fake of the system does not have: records what is set.
 class FakeServices final : public IAccPropServices {
 public:
@@ -77,6 +80,7 @@ public:
         return E_NOTIMPL;
     }
 };
+#pragma GCC diagnostic pop
 
 FakeServices* services;
 decltype(GetProcAddress)* findFunction;
