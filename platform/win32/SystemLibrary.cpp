@@ -31,6 +31,19 @@ void SetSearchedFolder(const wchar_t* folder) {
     }
 }
 
+template <DWORD classes>
+void PrepareClasses() {
+    // By its name alone, because with a path the manifest would not be asked which version it is.
+    // The name is among those that Windows never looks for beside the program.
+    const HMODULE library = LoadLibraryW(L"comctl32.dll");
+    auto* const prepare = reinterpret_cast<decltype(InitCommonControlsEx)*>(
+        reinterpret_cast<void*>(GetProcAddress(library, "InitCommonControlsEx")));
+    if (prepare != nullptr) {
+        constexpr INITCOMMONCONTROLSEX kWanted = {sizeof kWanted, classes};
+        prepare(&kWanted);
+    }
+}
+
 }  // namespace
 
 SystemLibrary::SystemLibrary(std::u16string_view name) : module_(nullptr) {
@@ -64,16 +77,12 @@ void RestoreDllSearchForChild() {
     SetSearchedFolder(nullptr);
 }
 
-void PrepareCommonControls(ControlClasses classes) {
-    // By its name alone, because with a path the manifest would not be asked which version it is.
-    // The name is among those that Windows never looks for beside the program.
-    const HMODULE library = LoadLibraryW(L"comctl32.dll");
-    auto* const prepare = reinterpret_cast<decltype(InitCommonControlsEx)*>(
-        reinterpret_cast<void*>(GetProcAddress(library, "InitCommonControlsEx")));
-    if (prepare != nullptr) {
-        const INITCOMMONCONTROLSEX wanted = {sizeof wanted, static_cast<DWORD>(classes)};
-        prepare(&wanted);
-    }
+void PrepareCommonControls() {
+    PrepareClasses<ICC_STANDARD_CLASSES>();
+}
+
+void PrepareListsAndBars() {
+    PrepareClasses<ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES>();
 }
 
 }  // namespace tarvex

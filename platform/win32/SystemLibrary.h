@@ -36,12 +36,12 @@ void RestrictDllSearch();
 /// Takes back what a program started from now on would inherit of that. Never raises.
 void RestoreDllSearchForChild();
 
-/// Common controls of the system as its ICC_... numbers.
-enum class ControlClasses : unsigned { Standard = 0x4000, WithListsAndBars = 0x4005 };
-
 /// Makes the common controls ready that the program's manifest asks for. On Windows XP a program
 /// with such a manifest shows neither message boxes nor controls before this was called. It takes
 /// too long for a start that shows nothing. Can be called again; never raises.
-void PrepareCommonControls(ControlClasses classes = ControlClasses::Standard);
+void PrepareCommonControls();
+
+/// The same with list views, tool bars and tool tips, which the launcher does not need.
+void PrepareListsAndBars();
 
 }  // namespace tarvex

@@ -27,6 +27,7 @@ constexpr int kButtonPadding = 24;
 constexpr int kNarrowestButton = 75;
 constexpr int kIcon = 16;
 constexpr int kIconGap = 4;
+constexpr int kOverhang = 2;  // what letters may reach out of their measured width
 constexpr int kNoteStep = 24;
 constexpr int kListPadding = 4;  // what a line of a list is higher than its text
 constexpr int kScrollBar = 20;
@@ -210,7 +211,7 @@ private:
         if (!state.note.empty()) {
             // In steps, so that a hint is not broken anew with each digit.
             const int step = Scaled(kNoteStep);
-            const int width = measure_.TextWidth(FormFont::Small, state.note) + Scaled(kHintGap);
+            const int width = measure_.TextWidth(FormFont::Small, state.note) + Scaled(kOverhang);
             const int kept = std::min((width + step - 1) / step * step, (right_ - left) / 2);
             place.note = {right_ - kept, top, kept,
                           measure_.TextHeight(FormFont::Small, state.note, kept)};
@@ -228,11 +229,11 @@ private:
         }
         if (!message.empty()) {
             const int icon = Scaled(kIcon);
-            place.icon = {left, top, icon, icon};
+            place.icon = {left, std::max(bottom, top + (line - icon) / 2), icon, icon};
             place.hint = placeText(message, left + icon + Scaled(kIconGap));
-            height = std::max(height, icon);
+            height = std::max(height, place.icon.Bottom() - top);
         }
-        // A message's icon may be higher than the line.
+        // The icon of a message is higher than the line.
         height = std::max(height, KeepsLineBelow(row) ? Scaled(kIcon) : 0);
         top_ = std::max(top + height, place.note.Bottom());
     }
@@ -272,7 +273,7 @@ private:
             return;
         }
         const int height = LineHeight(FormFont::Small);
-        const int width = measure_.TextWidth(FormFont::Small, row.name);
+        const int width = measure_.TextWidth(FormFont::Small, row.name) + Scaled(kOverhang);
         const int left = before.Right() + Scaled(kButtonGap);
         if (left + width <= right_) {
             place.name = {left, before.Bottom() - height, width, height};
@@ -406,7 +407,8 @@ int LabelColumn(const std::vector<FormRow>& rows, const FormMeasure& measure, in
             {widestWord, indent + WidestWord(FormFont::Normal, label, measure), indent + name});
     }
     const int limit = std::min(measure.Scaled(kWidestLabels), width * 2 / 5);
-    return std::max(std::min(widest, limit), widestWord);
+    const int most = std::max(std::min(widest, limit), widestWord);
+    return most == 0 ? 0 : most + measure.Scaled(kOverhang);
 }
 
 FormPlaces LayOutForm(const std::vector<FormRow>& rows, const std::vector<RowState>& states,

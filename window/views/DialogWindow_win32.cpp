@@ -54,7 +54,7 @@ DialogWindow::DialogWindow(HWND owner)
     : owner_(owner == nullptr ? nullptr : GetAncestor(owner, GA_ROOT)) {}
 
 int DialogWindow::Show(const Frame& frame) {
-    PrepareCommonControls(ControlClasses::WithListsAndBars);
+    PrepareListsAndBars();
     frame_ = frame;
     pressed_ = frame.cancelId;
     fonts_ = std::make_unique<FormFonts>(owner_ != nullptr ? WindowDpi(owner_) : SystemDpi());

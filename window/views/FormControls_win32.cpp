@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/win32/WideText.h"
+#include "text/Text.h"
 #include "window/views/ListControl_win32.h"
 
 namespace tarvex {
@@ -232,7 +233,7 @@ void FormControls::Show(const RowState& state) {
     showsAnything_ = true;
     const bool text = IsEdit(row_->kind) || row_->kind == RowKind::Text;
     if (first || state.enabled != shown_.enabled) {
-        for (const HWND window : {label_, control_, reveal_}) {
+        for (const HWND window : {name_, label_, control_, reveal_, hint_, note_}) {
             if (window != nullptr) {
                 EnableWindow(window, state.enabled ? TRUE : FALSE);
             }
@@ -404,6 +405,22 @@ std::int32_t FormControls::Selected() const {
     return row_->kind == RowKind::List
                ? list_control::Selected(control_)
                : static_cast<std::int32_t>(SendMessageW(control_, CB_GETCURSEL, 0, 0));
+}
+
+AccessibleTexts FormControls::TextsForReaders(HWND control) const {
+    const std::u16string label = WithoutAccessKey(row_->label);
+    if (control == reveal_) {
+        return {label + u" " + TextOf(reveal_), {}};
+    }
+    if (const FormButton* const button = ButtonOf(control)) {
+        return {button->name, {}};
+    }
+    std::u16string description = shown_.message.empty() ? row_->hint : shown_.message;
+    if (!shown_.note.empty()) {
+        text::AppendWithSeparator(description, shown_.note, u" ");
+    }
+    // Boxes are called by their own text.
+    return {IsBox(row_->kind) ? std::u16string() : label, description};
 }
 
 void FormControls::SetTabStop(bool tabStop) {

@@ -6,6 +6,7 @@
 
 #include "platform/win32/WindowsApi.h"
 #include "window/model/FormLayout.h"
+#include "window/views/AccessibleTexts_win32.h"
 #include "window/views/FormFonts_win32.h"
 
 namespace tarvex {
@@ -71,6 +72,9 @@ public:
 
     /// Chosen line of a Choice or List; -1: none.
     std::int32_t Selected() const;
+
+    /// What a screen reader is to hear of one of the controls.
+    AccessibleTexts TextsForReaders(HWND control) const;
 
     /// Makes the option of a group that Tab reaches, or takes it out.
     void SetTabStop(bool tabStop);

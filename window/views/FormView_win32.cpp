@@ -107,7 +107,7 @@ bool FormView::Create(HWND parent, int dpi, bool steady) {
     description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_3DFACE + 1);
     description.lpszClassName = kClassName;
     RegisterClassExW(&description);
-    PrepareCommonControls(ControlClasses::WithListsAndBars);
+    PrepareListsAndBars();
     steady_ = steady;
     fonts_ = std::make_unique<FormFonts>(dpi);
     CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"",
@@ -116,8 +116,20 @@ bool FormView::Create(HWND parent, int dpi, bool steady) {
     return window_ != nullptr;
 }
 
-void FormView::SetModel(FormModel* model) {
+// Many controls change at once: they are drawn once, at the end.
+void FormView::HoldDrawing() {
     SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+}
+
+// With the frame, since the scroll bar may have come or gone.
+void FormView::ShowDrawing() {
+    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+    RedrawWindow(window_, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+void FormView::SetModel(FormModel* model) {
+    HoldDrawing();
     model_ = model;
     showing_ = true;
     controls_.clear();
@@ -132,8 +144,7 @@ void FormView::SetModel(FormModel* model) {
     showing_ = false;
     scrolled_ = 0;
     ShowStates();
-    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    ShowDrawing();
 }
 
 void FormView::Refresh() {
@@ -147,7 +158,7 @@ void FormView::Refresh() {
 void FormView::SetDpi(int dpi) {
     // A control uses its font until it has got another one, so the old ones go last.
     auto fonts = std::make_unique<FormFonts>(dpi);
-    SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+    HoldDrawing();
     for (FormControls& row : controls_) {
         row.SetFonts(*fonts);
     }
@@ -158,8 +169,7 @@ void FormView::SetDpi(int dpi) {
             row.FitColumns();
         }
     }
-    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    ShowDrawing();
 }
 
 void FormView::SetLabelColumn(int width) {
@@ -636,6 +646,12 @@ std::optional<LRESULT> FormView::HandleControlMessage(HWND control, UINT message
                 return TRUE;
             }
             return std::nullopt;
+        case WM_GETOBJECT:
+            // A screen reader asks: now, since hints and messages change, and most users have none.
+            if (static_cast<DWORD>(second) == static_cast<DWORD>(OBJID_CLIENT)) {
+                Annotate(*row, control);
+            }
+            return std::nullopt;
         case WM_MOUSEWHEEL:
             if (!ScrollsItself(*row, control)) {
                 return OnWheel(first);
@@ -644,6 +660,13 @@ std::optional<LRESULT> FormView::HandleControlMessage(HWND control, UINT message
         default:
             return std::nullopt;
     }
+}
+
+void FormView::Annotate(const FormControls& row, HWND control) {
+    if (annotations_ == nullptr) {
+        annotations_ = std::make_unique<AccessibleAnnotations>();
+    }
+    annotations_->Set(control, row.TextsForReaders(control));
 }
 
 HBRUSH FormView::OnColour(HDC dc, HWND control) const {

@@ -86,10 +86,13 @@ private:
     template <class Event>
     void Tell(const Event& event);
     void Press(HWND button);
+    void Annotate(const FormControls& row, HWND control);
     void MoveToOption(const FormControls& from, bool forward);
 
     FormControls* RowOf(HWND control);
     const FormControls* RowOf(HWND control) const;
+    void HoldDrawing();
+    void ShowDrawing();
     void ShowStates();
     void KeepFocus(HWND before);
     void PlaceRows();
@@ -103,6 +106,7 @@ private:
     bool steady_ = false;
     int labelColumn_ = 0;
     std::unique_ptr<FormFonts> fonts_;
+    std::unique_ptr<AccessibleAnnotations> annotations_;
     std::vector<FormRow> rows_;
     std::list<FormControls> controls_;
     std::vector<RowState> states_;

@@ -81,7 +81,7 @@ void MainWindow::Do(const Action& action) {
 }
 
 bool MainWindow::Make() {
-    PrepareCommonControls(ControlClasses::WithListsAndBars);
+    PrepareListsAndBars();
     dpi_ = SystemDpi();
     const HMENU menu = CreateMenuBar();
     if (!Create({L"TarvexMain", Wide(model_.Title()), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,

@@ -101,7 +101,7 @@ TEST(FormLayout, ControlsStandOnOneLineOfSight) {
     form.Add({.kind = RowKind::Check, .label = u"Exklusiv"});
     form.Add({.kind = RowKind::Buttons, .buttons = {{1, u"Hilfe"}}});
     const FormPlaces places = form.Places();
-    const int left = kMargin + 18 + 14 * 6 + 10;
+    const int left = kMargin + 18 + 14 * 6 + 2 + 10;
     EXPECT_EQ(left, places.rows[0].control.left);
     EXPECT_EQ(left, places.rows[1].control.left);
     EXPECT_EQ(left, places.rows[2].control.left);
@@ -150,7 +150,7 @@ TEST(FormLayout, LongLabelIsBrokenInsteadOfNarrowingTheControls) {
     row.name = u"DBName";
     form.Add(row);
     const FormPlaces places = form.Places();
-    EXPECT_EQ(190, places.rows[0].label.width);
+    EXPECT_EQ(190 + 2, places.rows[0].label.width);
     EXPECT_EQ(2 * kLine, places.rows[0].label.height);
     EXPECT_EQ(places.rows[0].label.Bottom(), places.rows[0].name.top);
 }
@@ -158,7 +158,7 @@ TEST(FormLayout, LongLabelIsBrokenInsteadOfNarrowingTheControls) {
 TEST(FormLayout, ColumnTakesTheLongestWord) {
     Form form;
     form.Add(Line(u"Arbeitsgruppendateiverzeichnisnamen des Kunden"));
-    EXPECT_EQ(35 * 6, form.Places().rows[0].label.width);
+    EXPECT_EQ(35 * 6 + 2, form.Places().rows[0].label.width);
 }
 
 TEST(FormLayout, ColumnOfLabelsIsAsWideAsAskedFor) {
@@ -171,7 +171,7 @@ TEST(FormLayout, HiddenRowCountsForTheColumnOfLabels) {
     Form form;
     form.Add(Line(u"Ordner"));
     form.Add(Line(u"Name der Datei")).visible = false;
-    EXPECT_EQ(kMargin + 14 * 6 + 10, form.Places().rows[0].control.left);
+    EXPECT_EQ(kMargin + 14 * 6 + 2 + 10, form.Places().rows[0].control.left);
 }
 
 TEST(FormLayout, FormWithoutLabelsHasNoColumnForThem) {
@@ -382,7 +382,7 @@ TEST(FormLayout, NameOfACheckBoxStandsInTheColumnOfLabels) {
     form.Add({.kind = RowKind::Check, .label = u"Exklusiv", .name = u"Exclusive"});
     const RowPlace place = form.Places().rows[0];
     EXPECT_EQ(kMargin, place.name.left);
-    EXPECT_EQ(kMargin + 9 * 5 + 10, place.control.left);
+    EXPECT_EQ(kMargin + 9 * 5 + 2 + 10, place.control.left);
 }
 
 TEST(FormLayout, TextTellsTheStateInPlaceOfItsLabel) {
