@@ -16,7 +16,6 @@ constexpr int kHintGap = 2;    // between a control and the line below it
 constexpr int kColumnGap = 10;
 constexpr int kButtonGap = 6;
 constexpr int kIndent = 18;
-constexpr int kControlPadding = 8;  // what a control is higher than its text
 constexpr int kControlBorders = 14;
 constexpr int kWidestLabels = 190;
 constexpr int kNarrowestControl = 80;
@@ -128,7 +127,9 @@ public:
 private:
     int Scaled(int pixels) const { return measure_.Scaled(pixels); }
     int LineHeight(FormFont font) const { return measure_.LineHeight(font); }
-    int ControlHeight() const { return LineHeight(FormFont::Normal) + Scaled(kControlPadding); }
+    int ControlHeight() const { return measure_.ControlHeight(); }
+    /// What a control is higher than its text.
+    int AroundText() const { return ControlHeight() - LineHeight(FormFont::Normal); }
     int Indented(const FormRow& row) const { return left_ + row.indent * Scaled(kIndent); }
 
     int Gap(RowKind kind) const {
@@ -186,7 +187,7 @@ private:
         const int left = Indented(row);
         const int width = std::max(left_ + labelColumn_ - left, 1);
         // The texts of label and control stand on one line.
-        int top = top_ + Scaled(kControlPadding) / 2;
+        int top = top_ + AroundText() / 2;
         if (!row.label.empty() && row.kind != RowKind::Check) {
             const std::u16string label = WithoutAccessKey(row.label);
             place.label = {left, top, width, measure_.TextHeight(FormFont::Normal, label, width)};
@@ -305,12 +306,12 @@ private:
     int WideHeight(const FormRow& row) const {
         if (row.kind == RowKind::Output) {
             const int lines = row.lines > 0 ? row.lines : kUsualOutputLines;
-            return lines * LineHeight(FormFont::Fixed) + Scaled(kControlPadding) +
-                   Scaled(kScrollBar) + Growth(row);
+            return lines * LineHeight(FormFont::Fixed) + AroundText() + Scaled(kScrollBar) +
+                   Growth(row);
         }
         const int lines = (row.lines > 0 ? row.lines : kUsualListLines) + 1;  // and the header
-        return lines * (LineHeight(FormFont::Normal) + Scaled(kListPadding)) +
-               Scaled(kControlPadding) + Growth(row);
+        return lines * (LineHeight(FormFont::Normal) + Scaled(kListPadding)) + AroundText() +
+               Growth(row);
     }
 
     int Growth(const FormRow& row) const { return row.grows ? growth_ : 0; }

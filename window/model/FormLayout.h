@@ -24,6 +24,9 @@ public:
 
     virtual int LineHeight(FormFont font) const = 0;
 
+    /// Height of an edit control of one line; buttons are as high.
+    virtual int ControlHeight() const = 0;
+
     /// A length that is `pixels` on a screen with 96 pixels per inch.
     virtual int Scaled(int pixels) const = 0;
 };

@@ -15,7 +15,6 @@ constexpr int kMargin = 11;           // at kNormalDpi, as all lengths here
 constexpr int kButtonGap = 6;
 constexpr int kButtonPadding = 24;
 constexpr int kNarrowestButton = 75;
-constexpr int kControlPadding = 8;
 
 RECT WorkAreaOf(HWND window) {
     MONITORINFO monitor{};
@@ -129,7 +128,7 @@ int DialogWindow::ButtonRowWidth() const {
 }
 
 int DialogWindow::ButtonHeight() const {
-    return fonts_->LineHeight(FormFont::Normal) + fonts_->Scaled(kControlPadding);
+    return fonts_->ControlHeight();
 }
 
 /// In the middle of the owner, or of the screen, and not larger than the screen.

@@ -8,6 +8,7 @@ namespace {
 
 constexpr UINT kFailed = WM_APP + 1;
 constexpr int kWidth = 460;  // of the form, at 96 pixels per inch, as all lengths here
+constexpr int kGapWhenScrolled = 11;
 constexpr int kLargeWidth = 740;
 constexpr int kLargeHeight = 460;
 
@@ -52,8 +53,13 @@ SIZE FormDialog::ContentSize() {
 }
 
 void FormDialog::PlaceContent(const RECT& place) {
-    MoveWindow(form_.Window(), place.left, place.top, place.right - place.left,
-               place.bottom - place.top, TRUE);
+    const auto width = static_cast<int>(place.right - place.left);
+    auto height = static_cast<int>(place.bottom - place.top);
+    if (form_.HeightAt(width) > height) {
+        // Rows that are scrolled do not end at the buttons.
+        height -= Fonts().Scaled(kGapWhenScrolled);
+    }
+    MoveWindow(form_.Window(), place.left, place.top, width, height, TRUE);
 }
 
 void FormDialog::OnFonts() {

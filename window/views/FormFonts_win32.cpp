@@ -10,6 +10,7 @@ namespace tarvex {
 namespace {
 
 constexpr std::size_t kMostMeasured = 2000;
+constexpr int kAroundText = 4;     // at kNormalDpi
 constexpr int kSmallestFont = 11;  // at kNormalDpi
 
 LOGFONTW MessageFont(int dpi) {
@@ -81,6 +82,12 @@ int FormFonts::TextWidth(FormFont font, std::u16string_view text) const {
 
 int FormFonts::TextHeight(FormFont font, std::u16string_view text, int width) const {
     return text.empty() ? LineHeight(font) : Measured(font, text, width).height;
+}
+
+// An edit control writes at its top, and its edges do not grow with the resolution: more would
+// stand empty below the text.
+int FormFonts::ControlHeight() const {
+    return LineHeight(FormFont::Normal) + Scaled(kAroundText) + 2 * GetSystemMetrics(SM_CYEDGE);
 }
 
 int FormFonts::Scaled(int pixels) const {

@@ -22,6 +22,7 @@ public:
     int TextWidth(FormFont font, std::u16string_view text) const override;
     int TextHeight(FormFont font, std::u16string_view text, int width) const override;
     int LineHeight(FormFont font) const override { return At(font).lineHeight; }
+    int ControlHeight() const override;
     int Scaled(int pixels) const override;
 
 private:

@@ -37,6 +37,7 @@ public:
     int LineHeight(FormFont font) const override {
         return Scaled(font == FormFont::Heading ? 18 : font == FormFont::Small ? 11 : 13);
     }
+    int ControlHeight() const override { return LineHeight(FormFont::Normal) + Scaled(8); }
     int Scaled(int pixels) const override { return pixels * percent_ / 100; }
 
 private:

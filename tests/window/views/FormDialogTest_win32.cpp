@@ -250,7 +250,7 @@ TEST_F(FormDialogTest, WindowFollowsTheScreensResolution) {
         cut = CutTexts(window);
         PostMessageW(window, WM_CLOSE, 0, 0);
     });
-    EXPECT_NEAR(2 * before, after, 2);
+    EXPECT_NEAR(2 * before, after, 6);
     EXPECT_THAT(cut, IsEmpty());
 }
 

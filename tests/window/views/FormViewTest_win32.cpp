@@ -604,8 +604,8 @@ TEST_F(FormViewTest, EverythingIsScaledWithTheResolution) {
     const RECT after = PlaceOf(1);
     EXPECT_EQ(22, after.top);
     EXPECT_EQ(11, before.top);
-    EXPECT_NEAR(2 * (before.bottom - before.top), after.bottom - after.top, 2);
-    EXPECT_NEAR(2 * hintBefore, PlaceOf(1, FormPart::Hint).bottom, 4);
+    EXPECT_NEAR(2 * (before.bottom - before.top), after.bottom - after.top, 6);
+    EXPECT_NEAR(2 * hintBefore, PlaceOf(1, FormPart::Hint).bottom, 8);
     EXPECT_NEAR(2 * before.left, after.left, 4);
 }
 
