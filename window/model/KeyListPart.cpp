@@ -126,7 +126,6 @@ RowState KeyListPart::ListState() const {
         }
         state.items.push_back(Columns(line, std::move(number)));
     }
-    state.enabled = enabled_;
     state.selected = Selected(lines.size());
     state.disabledButtons = DisabledButtons(lines.size());
     if (state.selected < 0) {
@@ -145,7 +144,6 @@ RowState KeyListPart::ListState() const {
 RowState KeyListPart::AnswerState() const {
     RowState state;
     state.readOnly = true;
-    state.enabled = enabled_;
     const std::vector<KeyListEdit::Line> lines = edit_.Lines();
     const std::int32_t selected = Selected(lines.size());
     if (selected < 0 || answers_ == nullptr) {
@@ -167,7 +165,7 @@ std::int32_t KeyListPart::Selected(std::size_t lines) const {
 std::vector<std::int32_t> KeyListPart::DisabledButtons(std::size_t lines) const {
     const std::int32_t selected = Selected(lines);
     const auto line = static_cast<std::size_t>(std::max(selected, 0));
-    const bool canChange = enabled_ && !document_.File().readOnly;
+    const bool canChange = !document_.File().readOnly;
     std::vector<std::int32_t> disabled;
     const auto allow = [&](std::int32_t button, bool allowed) {
         if (!canChange || !allowed) {

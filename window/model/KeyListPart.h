@@ -61,9 +61,6 @@ public:
     /// Answers for an entry while it is edited; without one the dialog shows none.
     void SetAnswerer(EntryAnswerer answerer) { answerer_ = std::move(answerer); }
 
-    /// False while the page has no use for the list: it is shown, but nothing can be done.
-    void SetEnabled(bool enabled) { enabled_ = enabled; }
-
 private:
     RowState ListState() const;
     RowState AnswerState() const;
@@ -78,7 +75,6 @@ private:
     KeyListEdit edit_;
     std::int32_t row_;
     std::int32_t selected_ = 0;
-    bool enabled_ = true;
     const EntryAnswers* answers_ = nullptr;
     EntryAnswerer answerer_;
 };

@@ -11,6 +11,7 @@
 #include "window/model/DryRunForm.h"
 #include "window/model/LogComparisonForm.h"
 #include "window/model/Pages.h"
+#include "window/model/Questions.h"
 #include "window/model/ReplaceForm.h"
 
 namespace tarvex {
@@ -119,6 +120,9 @@ PreviewPaneState MainModel::Pane() const {
                              preview_->remarks.end());
     }
     pane.findingsTitle = CountText(pane.findings.size());
+    if (pane.findings.empty()) {
+        pane.findings.emplace_back(u"Nichts zu beanstanden.");
+    }
     return pane;
 }
 
@@ -255,7 +259,7 @@ std::vector<std::u16string> MainModel::Find(std::u16string_view text) {
 void MainModel::GoToHit(std::size_t hit) {
     if (hit < hits_.size()) {
         SelectPage(hits_[hit].page);
-        destination_ = Destination{hits_[hit].row, false};
+        destination_ = Destination{UsableRow(*document_, hits_[hit].row), false};
     }
 }
 
@@ -415,7 +419,8 @@ void MainModel::ReplaceTexts() {
 
 void MainModel::ShowPageHelp() {
     const Page& page = Pages()[page_];
-    TellUser(services_.files.dialogs, BoxIcon::Information, page.help);
+    TellUser(services_.files.dialogs, BoxIcon::Information,
+             text::Replace(page.help, text::kLineBreak, u"\n"));
 }
 
 }  // namespace tarvex

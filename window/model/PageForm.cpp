@@ -49,8 +49,8 @@ RowState PageForm::State(std::int32_t id) const {
         return state;
     }
     if (KeyListPart* part = PartOf(id)) {
-        part->SetEnabled(IsRowInUse(document_, id));
         state = part->State(id);
+        state.visible = state.visible && IsRowInUse(document_, id);
         if (state.message.empty() && row->kind == RowKind::List) {
             state.message = ListMessage(id);
         }
@@ -68,19 +68,19 @@ RowState PageForm::State(std::int32_t id) const {
 RowState PageForm::FieldState(const FormRow& row) const {
     const std::int32_t number = FieldOfRow(row.id);
     RowState state;
-    state.enabled = IsRowInUse(document_, row.id);
+    state.visible = IsRowInUse(document_, row.id);
     if (row.kind == RowKind::Check) {
-        state.enabled = state.enabled && !document_.File().readOnly;
+        state.enabled = !document_.File().readOnly;
         state.checked = document_.Text(number) == u"1";
     } else {
         state.readOnly = document_.File().readOnly;
         state.text = document_.Text(number);
-        state.note = state.enabled ? Note(number) : u"";
+        state.note = Note(number);
     }
     if (ShowsMessage(document_, row.id)) {
         state.message = Message(number);
     }
-    if (!state.enabled || state.readOnly) {
+    if (state.readOnly) {
         for (const FormButton& button : row.buttons) {
             state.disabledButtons.push_back(button.id);
         }
@@ -175,7 +175,6 @@ void PageForm::Press(std::int32_t buttonId) {
         const std::int32_t list = buttonId / 100 * 100;
         if (IsRowInUse(document_, list)) {
             HoldRow(list);
-            part->SetEnabled(true);
             part->Press(buttonId);
         }
         return;

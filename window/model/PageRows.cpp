@@ -68,9 +68,4 @@ FormRow CheckRow(std::int32_t field, std::u16string_view label) {
     return FieldRow(RowKind::Check, field, label);
 }
 
-FormRow Indented(FormRow row) {
-    ++row.indent;
-    return row;
-}
-
 }  // namespace tarvex

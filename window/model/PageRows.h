@@ -30,9 +30,6 @@ FormRow SecretRow(std::int32_t field, std::u16string_view label);
 FormRow LinesRow(std::int32_t field, std::u16string_view label, std::int32_t lines);
 FormRow CheckRow(std::int32_t field, std::u16string_view label);
 
-/// The row, further to the right: it belongs to the option above it.
-FormRow Indented(FormRow row);
-
 // The pages, each with its rows.
 Page ApplicationPage();
 Page AccessPage();

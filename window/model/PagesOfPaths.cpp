@@ -37,10 +37,10 @@ Page AccessPage() {
         TextRow(u"So findet das Startprogramm Access:"),
         OptionRow(kAccessUnset, AccessGroup, u"&keine Angabe, es wird nur Access 97 gesucht"),
         OptionRow(kAccessPlace, AccessGroup, kFixedPlace),
-        Indented(PathRow(kFieldAccPath, u"&Pfad")),
         OptionRow(kAccessRegistry, AccessGroup, kRegistry),
+        PathRow(kFieldAccPath, u"&Pfad"),
     };
-    KeyListPart::AppendRows(page.rows, kAccRegList, 1);
+    KeyListPart::AppendRows(page.rows, kAccRegList, 0);
     page.rows.push_back(LineRow(kFieldProfile, u"Profi&l"));
     return page;
 }
@@ -73,13 +73,13 @@ Page DatabasePage() {
         OptionRow(kDatabaseOwnName, DatabaseGroup,
                   u"neben dem Startprogramm, g&leicher Name (.mdb .mde .mda)"),
         OptionRow(kDatabaseBeside, DatabaseGroup, u"neben dem Start&programm, anderer Name"),
-        Indented(PathRow(kFieldDBFilename, u"Dateina&me")),
         OptionRow(kDatabasePlace, DatabaseGroup, kFixedPlace),
-        Indented(PathRow(kFieldDBPath, u"Ord&ner")),
-        Indented(SecondPathRow(kFieldDBFilename, u"Dat&einame")),
         OptionRow(kDatabaseRegistry, DatabaseGroup, kRegistry),
+        PathRow(kFieldDBFilename, u"Dateina&me"),
+        PathRow(kFieldDBPath, u"Ord&ner"),
+        SecondPathRow(kFieldDBFilename, u"Dat&einame"),
     };
-    KeyListPart::AppendRows(page.rows, kDBRegList, 1);
+    KeyListPart::AppendRows(page.rows, kDBRegList, 0);
     return page;
 }
 
@@ -109,13 +109,13 @@ Page WorkgroupPage() {
         OptionRow(kWorkgroupNone, WorkgroupGroup,
                   u"keine eigene, es gilt die Vorgabe des S&ystems"),
         OptionRow(kWorkgroupBeside, WorkgroupGroup, u"neben dem Start&programm"),
-        Indented(PathRow(kFieldSysDBFilename, u"Dateina&me")),
         OptionRow(kWorkgroupPlace, WorkgroupGroup, kFixedPlace),
-        Indented(PathRow(kFieldSysDBPath, u"Ord&ner")),
-        Indented(SecondPathRow(kFieldSysDBFilename, u"Dat&einame")),
         OptionRow(kWorkgroupRegistry, WorkgroupGroup, kRegistry),
+        PathRow(kFieldSysDBFilename, u"Dateina&me"),
+        PathRow(kFieldSysDBPath, u"Ord&ner"),
+        SecondPathRow(kFieldSysDBFilename, u"Dat&einame"),
     };
-    KeyListPart::AppendRows(page.rows, kSysDBRegList, 1);
+    KeyListPart::AppendRows(page.rows, kSysDBRegList, 0);
     page.rows.push_back(SecretRow(kFieldUser, u"Anme&lden als"));
     page.rows.push_back(SecretRow(kFieldPwd, u"&Kennwort"));
     return page;
@@ -144,13 +144,13 @@ Page PicturePage() {
         TextRow(u"So findet das Startprogramm das Startbild:"),
         OptionRow(kPictureNone, PictureGroup, u"&kein Startbild"),
         OptionRow(kPictureBeside, PictureGroup, u"neben dem Start&programm"),
-        Indented(PathRow(kFieldPicFilename, u"Dateina&me")),
         OptionRow(kPicturePlace, PictureGroup, kFixedPlace),
-        Indented(PathRow(kFieldPicPath, u"Ord&ner")),
-        Indented(SecondPathRow(kFieldPicFilename, u"Dat&einame")),
         OptionRow(kPictureRegistry, PictureGroup, kRegistry),
+        PathRow(kFieldPicFilename, u"Dateina&me"),
+        PathRow(kFieldPicPath, u"Ord&ner"),
+        SecondPathRow(kFieldPicFilename, u"Dat&einame"),
     };
-    KeyListPart::AppendRows(page.rows, kPicRegList, 1);
+    KeyListPart::AppendRows(page.rows, kPicRegList, 0);
     page.rows.push_back(LineRow(kFieldPicDelay, u"Dauer in Mi&llisekunden", 8));
     return page;
 }

@@ -179,6 +179,20 @@ bool IsRowInUse(const Document& document, std::int32_t row) {
     return true;
 }
 
+std::int32_t UsableRow(const Document& document, std::int32_t row) {
+    if (IsRowInUse(document, row)) {
+        return row;
+    }
+    for (const Question& question : Questions()) {
+        for (const QuestionOption& option : question.options) {
+            if (Contains(option.rows, row)) {
+                return option.row;
+            }
+        }
+    }
+    return row;
+}
+
 std::int32_t RowToGoTo(const Document& document, std::int32_t number) {
     const Question* question = QuestionOfField(number);
     if (question == nullptr) {

@@ -74,8 +74,12 @@ void HoldOption(Document& document, std::int32_t number);
 /// All fields of the question as they are saved, nothing parked.
 void RevertQuestion(Document& document, const Question& question);
 
-/// False for a row that belongs to an answer which is not the chosen one.
+/// False for a row that belongs to an answer which is not the chosen one: it is not shown.
 bool IsRowInUse(const Document& document, std::int32_t row);
+
+/// The row itself, or, when it belongs to an answer that is not the chosen one, the row of that
+/// answer, which is to be given first.
+std::int32_t UsableRow(const Document& document, std::int32_t row);
 
 /// The row to go to for a field: where it is edited with the answers that hold, or the answer that
 /// would have to be given first.

@@ -108,6 +108,9 @@ private:
     }
 
     void AddRow(std::size_t number, const Page& page, const FormRow& row) {
+        if (const std::int32_t field = FieldOfRow(row.id); field != 0 && field != row.id) {
+            return;  // the field has another row
+        }
         const std::u16string label = Plain(row.label);
         const std::vector<std::int32_t> fields = FieldsOf(row);
         std::vector<Match> matches;

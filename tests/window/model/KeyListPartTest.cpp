@@ -214,11 +214,6 @@ TEST_F(KeyListPartTest, ButtonsThatCanDoNothingAreDisabled) {
     EXPECT_EQ(part_.State(kRow).disabledButtons, (Ids{6104}));
     part_.Select(kRow, 1);
     EXPECT_EQ(part_.State(kRow).disabledButtons, (Ids{6105}));
-    part_.SetEnabled(false);
-    EXPECT_EQ(part_.State(kRow).disabledButtons, (Ids{6101, 6102, 6103, 6104, 6105, 6106}));
-    EXPECT_FALSE(part_.State(kRow).enabled);
-    part_.Press(kRow + KeyListPart::kDeleteButton);
-    EXPECT_EQ(Shown(part_).size(), 2U);
 }
 
 TEST_F(KeyListPartTest, FullListTakesNoMore) {

@@ -142,6 +142,16 @@ TEST_F(MainModelTest, TextThatItsFieldCannotTakeIsAFindingAtOnce) {
     EXPECT_TRUE(model_.PageLines()[0].hasProblem);
 }
 
+TEST_F(MainModelTest, CheckWithoutFindingsSaysSo) {
+    Open();
+    Answer(Result());
+    model_.Run(Command::Check, 0);
+    EXPECT_EQ(model_.Pane().findingsTitle, u"Keine Hinweise");
+    EXPECT_EQ(model_.Pane().findings, std::vector<std::u16string>({u"Nichts zu beanstanden."}));
+    EXPECT_EQ(model_.Status(), u"Prüfung: keine Hinweise.");
+    model_.GoToFinding(0);
+}
+
 TEST_F(MainModelTest, CheckShowsTheListAndUnfoldsThePreview) {
     Open();
     Answer(WithFinding());
@@ -232,8 +242,8 @@ TEST_F(MainModelTest, HelpOfThePageIsShown) {
     model_.SelectPage(PageNamed(u"Datenbank"));
     model_.Run(Command::PageHelp, 0);
     ASSERT_EQ(dialogs.questions.size(), 1U);
-    EXPECT_EQ(dialogs.questions[0].text.substr(0, 57),
-              u"Hier wird festgelegt, welche Datenbank geöffnet wird.\r\n\r\n");
+    EXPECT_EQ(dialogs.questions[0].text.substr(0, 55),
+              u"Hier wird festgelegt, welche Datenbank geöffnet wird.\n\n");
 }
 
 TEST_F(MainModelTest, FailureIsToldAndLeavesTheDocument) {
