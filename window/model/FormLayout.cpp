@@ -253,8 +253,10 @@ private:
         const int left = column_ + row.indent * Scaled(kIndent);
         place.control = BoxPlace(row, left);
         if (!row.name.empty()) {
-            place.name = {left_, top_ + Scaled(kHintGap), labelColumn_,
-                          LineHeight(FormFont::Small)};
+            // On the line of the label, whose font is larger.
+            const int down =
+                Scaled(kHintGap) / 2 + LineHeight(FormFont::Normal) - LineHeight(FormFont::Small);
+            place.name = {left_, top_ + down, labelColumn_, LineHeight(FormFont::Small)};
         }
         PlaceBelow(row, state, left + Scaled(kBox), place.control.Bottom(), place);
         top_ = std::max(top_, place.name.Bottom());
