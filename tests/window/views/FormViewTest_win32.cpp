@@ -548,6 +548,14 @@ TEST_F(FormViewLong, RowWithTheFocusIsInSight) {
     EXPECT_EQ(0, ScrollPosition());
 }
 
+TEST_F(FormViewLong, RowThatTabReachesComesIntoSight) {
+    Show();
+    Focus(1);
+    Key(VK_TAB, VK_SHIFT);
+    EXPECT_EQ(Part(30), GetFocus());
+    EXPECT_TRUE(IsInSight(30));
+}
+
 TEST_F(FormViewLong, WheelScrolls) {
     Show();
     const LONG before = PlaceOf(1).top;
