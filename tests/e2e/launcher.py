@@ -80,8 +80,9 @@ class Driver:
         self._process = None
         self._messages = tempfile.TemporaryFile("a+b")  # of Wine; what is started inherits it
 
-    def run(self, script, report):
-        """Carries out one script; both are Windows paths."""
+    def run(self, script, report, keep=False):
+        """Carries out one script; both are Windows paths. With `keep` the next one goes on with the
+        program of this one."""
         if self._process is None or self._process.poll() is not None:
             self._process = subprocess.Popen(
                 ["wine", str(self._program), "-"],
@@ -91,7 +92,8 @@ class Driver:
                 text=True,
             )
         self._messages.truncate(0)
-        print(f"{script}\t{report}", file=self._process.stdin, flush=True)
+        more = "\tkeep" if keep else ""
+        print(f"{script}\t{report}{more}", file=self._process.stdin, flush=True)
         if not select.select([self._process.stdout], [], [], SECONDS_FOR_A_RUN)[0]:
             self._process.kill()
             raise TimeoutError(f"the driver did not answer within {SECONDS_FOR_A_RUN} seconds")
@@ -399,18 +401,23 @@ class World:
         script = [("env", name, value) for name, value in (environment or {}).items()]
         script += [("folder", folder)] if folder else []
         script += [("start", self.exe if application is None else application, line), *steps]
+        with self.screen(steps):
+            report = self.carry_out(script)
+        messages = self.programs.driver.messages() if trace else ()
+        return Run(report, messages)
+
+    def carry_out(self, script, keep=False):
+        """Lets the driver carry out steps; returns its report."""
         text = "".join("\t".join(map(_escape, map(str, step))) + "\n" for step in script)
         (self.work / "script").write_text(text, encoding="utf-8")
         report = self.work / "report"
         report.unlink(missing_ok=True)
-        with self._screen(steps):
-            self.programs.driver.run(windows_path(self.work / "script"), windows_path(report))
+        self.programs.driver.run(windows_path(self.work / "script"), windows_path(report), keep)
         assert report.is_file(), "the driver wrote no report"
-        messages = self.programs.driver.messages() if trace else ()
-        return Run(json.loads(report.read_text(encoding="utf-8")), messages)
+        return json.loads(report.read_text(encoding="utf-8"))
 
     @contextlib.contextmanager
-    def _screen(self, steps):
+    def screen(self, steps):
         """Windows of several worlds may be open side by side, but each new one comes to the
         foreground. It would take the keys that are meant for another, and an error box that is not
         the active window at once keeps the system's captions."""
@@ -429,7 +436,7 @@ class World:
     @contextlib.contextmanager
     def watcher(self):
         """Another program with a window, which has the focus at the start; gives a Watcher."""
-        with self._screen(()):
+        with self.screen(()):
             watcher = Watcher(self.programs.watcher, self.work)
             try:
                 yield watcher

@@ -45,9 +45,12 @@ private:
     void Read(const Action& action);
     void ReadFocus(const Action& action);
     void Push(const Action& action);
+    void Choose(const Action& action);
     void Select(const Action& action);
     void Drop(const Action& action);
     void ChangeDpi(const Action& action);
+    void EndSession(const Action& action);
+    void ReadSessionAnswer(const Action& action);
     void Press(const Action& action);
     void Command(const Action& action);
     void Keys(const Action& action);
@@ -92,6 +95,7 @@ private:
     std::int64_t startCount_ = 0;
     WindowHandle current_ = nullptr;
     std::vector<WindowHandle> known_;
+    void* sessionEnd_ = nullptr;  ///< thread that asks whether the session may end
 };
 
 }  // namespace tarvex

@@ -3,8 +3,19 @@
 #include "tests/e2e/driver/Driver.h"
 #include "tests/e2e/driver/StepFailure.h"
 
-// The words of a script about what stands in controls.
+// The words of a script about what stands in controls, and about what Windows tells a window.
 namespace tarvex {
+namespace {
+
+/// Does what Windows does with a window at the end of the session; returns whether it may end.
+DWORD CALLBACK AskForEnd(void* window) {
+    const auto asked = static_cast<HWND>(window);
+    const bool mayEnd = SendMessageW(asked, WM_QUERYENDSESSION, 0, 0) != 0;
+    SendMessageW(asked, WM_ENDSESSION, mayEnd ? TRUE : FALSE, 0);
+    return mayEnd ? 1 : 0;
+}
+
+}  // namespace
 
 void Driver::Deliver(WindowHandle window, std::uint32_t message, std::uintptr_t first,
                      std::intptr_t second) const {
@@ -49,6 +60,10 @@ void Driver::Push(const Action& action) {
     Deliver(ControlWithId(Argument(action, 0)).handle, BM_CLICK, 0, 0);
 }
 
+void Driver::Choose(const Action& action) {
+    Deliver(Current(), WM_COMMAND, static_cast<WPARAM>(Number(action, 0)), 0);
+}
+
 void Driver::Select(const Action& action) {
     const Control control = ControlWithId(Argument(action, 0));
     if (!SelectLine(program_.Process(), control, Number(action, 1))) {
@@ -58,6 +73,21 @@ void Driver::Select(const Action& action) {
 
 void Driver::Drop(const Action& action) {
     DropFile(program_.Process(), Current(), Argument(action, 0));
+}
+
+void Driver::EndSession(const Action&) {
+    // The window may ask its user first, which the script answers meanwhile.
+    sessionEnd_ = CreateThread(nullptr, 0, AskForEnd, Current(), 0, nullptr);
+}
+
+void Driver::ReadSessionAnswer(const Action&) {
+    Wait(
+        u"the answer to the end of the session",
+        [this] { return WaitForSingleObject(sessionEnd_, 5) == WAIT_OBJECT_0; }, 0, false);
+    DWORD mayEnd = 0;
+    GetExitCodeThread(sessionEnd_, &mayEnd);
+    CloseHandle(sessionEnd_);
+    json_.Member("mayEnd", mayEnd != 0);
 }
 
 void Driver::ChangeDpi(const Action& action) {
