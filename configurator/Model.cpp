@@ -52,9 +52,9 @@ std::u16string CharacterProblem(const BrandField& field, std::u16string_view val
     return {};
 }
 
-std::int32_t CredentialWidth(const BrandField& field, const TextCodec& codec) {
+std::int32_t CredentialRoom(const BrandField& field, std::u16string text, const TextCodec& codec) {
     const auto limit = static_cast<std::size_t>(field.width);
-    std::u16string text;
+    const std::size_t before = text.size();
     while (true) {
         std::u16string longest;
         std::size_t longestList = 0;
@@ -67,7 +67,7 @@ std::int32_t CredentialWidth(const BrandField& field, const TextCodec& codec) {
             }
         }
         if (longestList > limit) {
-            return static_cast<std::int32_t>(text.size());
+            return static_cast<std::int32_t>(text.size() - before);
         }
         text = std::move(longest);
     }
@@ -224,7 +224,12 @@ const BrandField* FindFieldByName(std::u16string_view name) {
 }
 
 std::int32_t UsableWidth(const BrandField& field, const TextCodec& codec) {
-    return field.kind == FieldKind::Credential ? CredentialWidth(field, codec) : field.width;
+    return field.kind == FieldKind::Credential ? CredentialRoom(field, {}, codec) : field.width;
+}
+
+std::int32_t RoomAfterCredential(const BrandField& field, std::u16string_view text,
+                                 const TextCodec& codec) {
+    return CredentialRoom(field, std::u16string(text), codec);
 }
 
 }  // namespace tarvex

@@ -101,4 +101,8 @@ const BrandField* FindFieldByName(std::u16string_view name);
 /// which is stored as a list of numbers, this is less than its width.
 std::int32_t UsableWidth(const BrandField& field, const TextCodec& codec);
 
+/// The same for what may follow a text in a credential, which has room for that text.
+std::int32_t RoomAfterCredential(const BrandField& field, std::u16string_view text,
+                                 const TextCodec& codec);
+
 }  // namespace tarvex

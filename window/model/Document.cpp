@@ -17,9 +17,6 @@ bool SameValue(const BrandField& field, std::u16string_view a, std::u16string_vi
     return a == b || (field.kind == FieldKind::Flag && off(a) && off(b));
 }
 
-// A character takes up to so many in the list of numbers.
-constexpr std::int32_t kNumberLength = 4;
-
 }  // namespace
 
 Document::Document(DocumentFile file, Settings saved, const TextCodec& codec)
@@ -245,7 +242,7 @@ std::int32_t Document::CredentialRoomLeft(const BrandField& field) const {
         return UsableWidth(field, codec_) - static_cast<std::int32_t>(text.size());
     }
     if (stored.length <= width) {
-        return static_cast<std::int32_t>(width - stored.length) / kNumberLength;
+        return RoomAfterCredential(field, text, codec_);
     }
     std::int32_t tooMany = 0;
     while (MakeStoredValue(field, text, codec_).length > width) {
