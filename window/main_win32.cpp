@@ -10,11 +10,11 @@
 #include "platform/win32/Win32FolderListing.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "simulation/ThisPc.h"
-#include "window/model/MainModel.h"
+#include "window/formviews/Win32UserDialogs_win32.h"
+#include "window/main/MainModel.h"
 #include "window/views/EntryAsker_win32.h"
 #include "window/views/MainWindow_win32.h"
 #include "window/views/Win32ProgramStarter_win32.h"
-#include "window/views/Win32UserDialogs_win32.h"
 #include "window/views/Win32UserSettings_win32.h"
 
 namespace tarvex {

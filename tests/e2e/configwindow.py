@@ -8,7 +8,7 @@ import time
 import launcher
 from check_image import FIELDS
 
-MENU = pathlib.Path(__file__).parents[2] / "window" / "model" / "Menu.h"
+MENU = pathlib.Path(__file__).parents[2] / "window" / "main" / "Menu.h"
 _names = re.search(r"enum class Command \{(.*?)\};", MENU.read_text("utf-8"), re.DOTALL)[1]
 _names = re.findall(r"\w+", re.sub(r"///?<?.*", "", _names))
 COMMANDS = {name: 100 + number for number, name in enumerate(_names)}

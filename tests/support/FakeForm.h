@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "text/Text.h"
-#include "window/model/Form.h"
+#include "window/form/Form.h"
 
 namespace tarvex {
 

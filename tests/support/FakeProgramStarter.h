@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "window/model/ProgramStarter.h"
+#include "window/files/ProgramStarter.h"
 
 namespace tarvex {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "text/Text.h"
-#include "window/model/UserDialogs.h"
+#include "window/form/UserDialogs.h"
 
 namespace tarvex {
 

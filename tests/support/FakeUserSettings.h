@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "window/model/UserSettings.h"
+#include "window/main/UserSettings.h"
 
 namespace tarvex {
 

@@ -8,8 +8,8 @@
 #include "platform/win32/Dpi.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
-#include "window/model/KeptState.h"
-#include "window/model/Pages.h"
+#include "window/main/KeptState.h"
+#include "window/pages/Pages.h"
 
 namespace tarvex {
 

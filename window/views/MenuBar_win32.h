@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/win32/Handles.h"
-#include "window/model/Menu.h"
+#include "window/main/Menu.h"
 
 namespace tarvex {
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "platform/win32/WindowsApi.h"
-#include "window/model/MainModel.h"
+#include "window/main/MainModel.h"
 
 namespace tarvex {
 

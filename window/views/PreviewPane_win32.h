@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "platform/win32/WindowsApi.h"
-#include "window/model/PreviewPaneState.h"
+#include "window/main/PreviewPaneState.h"
 
 namespace tarvex {
 

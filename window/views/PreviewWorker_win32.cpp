@@ -6,8 +6,8 @@
 #include "platform/win32/Handles.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32TextCodec.h"
-#include "window/model/PreviewQueue.h"
-#include "window/model/PreviewRun.h"
+#include "window/preview/PreviewQueue.h"
+#include "window/preview/PreviewRun.h"
 
 namespace tarvex {
 

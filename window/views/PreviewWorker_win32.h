@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "platform/win32/WindowsApi.h"
-#include "window/model/Preview.h"
+#include "window/preview/Preview.h"
 
 namespace tarvex {
 

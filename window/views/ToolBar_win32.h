@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "platform/win32/WindowsApi.h"
-#include "window/model/Menu.h"
+#include "window/main/Menu.h"
 
 namespace tarvex {
 

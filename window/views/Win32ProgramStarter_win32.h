@@ -1,6 +1,6 @@
 #pragma once
 
-#include "window/model/ProgramStarter.h"
+#include "window/files/ProgramStarter.h"
 
 namespace tarvex {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "window/model/UserSettings.h"
+#include "window/main/UserSettings.h"
 
 namespace tarvex {
 

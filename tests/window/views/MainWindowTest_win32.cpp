@@ -7,8 +7,8 @@
 #include "tests/support/CutTexts_win32.h"
 #include "tests/support/FakeFolderListing.h"
 #include "tests/support/WindowDriver_win32.h"
-#include "tests/window/model/FilesWorld.h"
-#include "window/views/FormControls_win32.h"
+#include "tests/window/files/FilesWorld.h"
+#include "window/formviews/FormControls_win32.h"
 
 namespace tarvex {
 namespace {

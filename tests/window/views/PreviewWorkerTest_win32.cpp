@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "errors/RaisedError.h"
-#include "window/model/PreviewQueue.h"
+#include "window/preview/PreviewQueue.h"
 
 namespace tarvex {
 namespace {

@@ -1,0 +1,116 @@
+#include "window/formviews/FormFonts_win32.h"
+
+#include <algorithm>
+
+#include "platform/win32/Dpi.h"
+#include "platform/win32/WideText.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr std::size_t kMostMeasured = 2000;
+constexpr int kAroundText = 4;     // at kNormalDpi
+constexpr int kSmallestFont = 11;  // at kNormalDpi
+
+LOGFONTW MessageFont(int dpi) {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof(metrics);
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
+    LOGFONTW& font = metrics.lfMessageFont;
+    font.lfHeight = MulDiv(font.lfHeight, dpi, SystemDpi());
+    return font;
+}
+
+/// The fixed font of the log window that the launcher shows.
+LOGFONTW FixedFont(const LOGFONTW& message) {
+    LOGFONTW font{};
+    font.lfHeight = message.lfHeight;
+    font.lfWeight = FW_NORMAL;
+    font.lfCharSet = DEFAULT_CHARSET;
+    font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
+    lstrcpynW(font.lfFaceName, L"Courier New", LF_FACESIZE);
+    return font;
+}
+
+LOGFONTW HeadingFont(LOGFONTW font) {
+    font.lfHeight = MulDiv(font.lfHeight, 4, 3);
+    return font;
+}
+
+/// A little smaller than the message font, but never too small to be read.
+LOGFONTW SmallFont(LOGFONTW font, int dpi) {
+    const LONG smallest = -Scaled(kSmallestFont, dpi);
+    if (font.lfHeight < smallest) {
+        font.lfHeight = std::min<LONG>(MulDiv(font.lfHeight, 8, 9), smallest);
+    }
+    return font;
+}
+
+/// Selects a font into the device context of the screen for the time of a block.
+class FontOnScreen {
+public:
+    explicit FontOnScreen(HFONT font) : before_(SelectObject(screen_.Get(), font)) {}
+    FontOnScreen(const FontOnScreen&) = delete;
+    FontOnScreen& operator=(const FontOnScreen&) = delete;
+    ~FontOnScreen() { SelectObject(screen_.Get(), before_); }
+    HDC Get() const { return screen_.Get(); }
+
+private:
+    WindowDc screen_{nullptr};
+    HGDIOBJ before_;
+};
+
+}  // namespace
+
+FormFonts::FormFonts(int dpi) : dpi_(dpi) {
+    const LOGFONTW message = MessageFont(dpi);
+    const std::array<LOGFONTW, 4> descriptions = {message, SmallFont(message, dpi),
+                                                  HeadingFont(message), FixedFont(message)};
+    for (std::size_t i = 0; i < fonts_.size(); ++i) {
+        fonts_[i].handle = UniqueFont(CreateFontIndirectW(&descriptions[i]));
+        const FontOnScreen screen(fonts_[i].handle.Get());
+        TEXTMETRICW metrics{};
+        GetTextMetricsW(screen.Get(), &metrics);
+        fonts_[i].lineHeight = static_cast<int>(metrics.tmHeight);
+    }
+}
+
+int FormFonts::TextWidth(FormFont font, std::u16string_view text) const {
+    return text.empty() ? 0 : Measured(font, text, 0).width;
+}
+
+int FormFonts::TextHeight(FormFont font, std::u16string_view text, int width) const {
+    return text.empty() ? LineHeight(font) : Measured(font, text, width).height;
+}
+
+// An edit control writes at its top, and its edges do not grow with the resolution: more would
+// stand empty below the text.
+int FormFonts::ControlHeight() const {
+    return LineHeight(FormFont::Normal) + Scaled(kAroundText) + 2 * GetSystemMetrics(SM_CYEDGE);
+}
+
+int FormFonts::Scaled(int pixels) const {
+    return tarvex::Scaled(pixels, dpi_);
+}
+
+/// Width 0: all on one line.
+FormFonts::Extent FormFonts::Measured(FormFont font, std::u16string_view text, int width) const {
+    if (measured_.size() > kMostMeasured) {
+        measured_.clear();
+    }
+    const auto [entry, isNew] = measured_.try_emplace({font, width, std::u16string(text)});
+    if (isNew) {
+        const FontOnScreen screen(Font(font));
+        RECT extent = {0, 0, width, 0};
+        const std::u16string& copy = std::get<std::u16string>(entry->first);
+        // As the static controls of a form break it: words that are too long as well.
+        const UINT broken = width == 0 ? DT_SINGLELINE : DT_WORDBREAK | DT_EDITCONTROL;
+        DrawTextW(screen.Get(), Wide(copy), static_cast<int>(copy.size()), &extent,
+                  DT_CALCRECT | DT_NOPREFIX | DT_EXPANDTABS | broken);
+        entry->second = {static_cast<int>(extent.right), static_cast<int>(extent.bottom)};
+    }
+    return entry->second;
+}
+
+}  // namespace tarvex
