@@ -19,14 +19,6 @@ namespace {
 
 constexpr std::u16string_view kProgramTitle = u"Tarvex-Konfiguration";
 
-std::u16string CountText(std::size_t findings) {
-    if (findings == 0) {
-        return u"Keine Hinweise";
-    }
-    return findings == 1 ? u"1 Hinweis"
-                         : text::Decimal(static_cast<std::int64_t>(findings)) + u" Hinweise";
-}
-
 bool NeedsDocument(Command command) {
     switch (command) {
         case Command::New:
@@ -61,13 +53,10 @@ MainModel::MainModel(MainServices services)
     : services_(std::move(services)),
       files_(services_.files),
       kept_(services_.files.settings),
+      preview_(kept_),
       pcs_(services_.files.dialogs, services_.files.store, services_.folders),
       start_(files_, [this](FileResult result) { Take(std::move(result)); }) {
     pcs_.SetFolder(kept_.PcFolder());
-    if (const std::optional<std::int32_t> height = kept_.PreviewHeight()) {
-        folded_ = *height == 0;
-        previewHeight_ = folded_ ? previewHeight_ : *height;
-    }
 }
 
 std::u16string MainModel::Title() const {
@@ -87,7 +76,7 @@ std::u16string MainModel::Title() const {
 std::vector<PageLine> MainModel::PageLines() const {
     std::vector<PageLine> lines;
     if (document_) {
-        const std::vector<PageMark> marks = PageMarks(*document_, preview_ ? &*preview_ : nullptr);
+        const std::vector<PageMark> marks = PageMarks(*document_, preview_.Result());
         for (std::size_t i = 0; i < marks.size(); ++i) {
             lines.push_back({std::u16string(Pages()[i].title), marks[i] != PageMark::None});
         }
@@ -97,33 +86,6 @@ std::vector<PageLine> MainModel::PageLines() const {
 
 FormModel& MainModel::Form() {
     return document_ ? static_cast<FormModel&>(*forms_[page_]) : start_;
-}
-
-PreviewPaneState MainModel::Pane() const {
-    PreviewPaneState pane;
-    pane.pcs = pcs_.Lines();
-    pane.pc = pcs_.Selected();
-    pane.isOld = isOld_;
-    if (preview_) {
-        pane.commandLine = preview_->commandLine;
-        pane.text = preview_->text;
-    }
-    if (isStuck_) {
-        pane.commandLine = u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf …";
-    }
-    pane.showsFindings = showsFindings_;
-    for (const FindingRow& finding : findings_) {
-        pane.findings.push_back(finding.text);
-    }
-    if (preview_) {
-        pane.findings.insert(pane.findings.end(), preview_->remarks.begin(),
-                             preview_->remarks.end());
-    }
-    pane.findingsTitle = CountText(pane.findings.size());
-    if (pane.findings.empty()) {
-        pane.findings.emplace_back(u"Nichts zu beanstanden.");
-    }
-    return pane;
 }
 
 std::vector<std::u16string> MainModel::RecentFiles() {
@@ -136,7 +98,7 @@ bool MainModel::IsEnabled(Command command) const {
 }
 
 bool MainModel::IsChecked(Command command) const {
-    return command == Command::TogglePreview && document_ && !folded_;
+    return command == Command::TogglePreview && document_ && !preview_.IsFolded();
 }
 
 void MainModel::Run(Command command, std::int32_t row) {
@@ -204,10 +166,10 @@ void MainModel::RunOnDocument(Command command, std::int32_t row) {
             forms_[page_]->RevertRow(row);
             break;
         case Command::TogglePreview:
-            folded_ = !folded_;
+            preview_.Fold(!preview_.IsFolded());
             break;
         case Command::Refresh:
-            WantPreview(true);
+            preview_.Want(true);
             break;
         case Command::ChoosePcs:
             ChoosePc(static_cast<std::int32_t>(pcs_.Lines().size()) - 1);
@@ -265,18 +227,18 @@ void MainModel::GoToHit(std::size_t hit) {
 
 void MainModel::ChoosePc(std::int32_t pc) {
     if (pcs_.Select(pc)) {
-        WantPreview(true);
+        preview_.Want(true);
     }
 }
 
 void MainModel::ToggleFindings() {
-    showsFindings_ = !showsFindings_;
-    folded_ = false;
+    preview_.ShowFindings(!preview_.ShowsFindings());
 }
 
 void MainModel::GoToFinding(std::size_t finding) {
-    if (finding < findings_.size() && findings_[finding].field != 0) {
-        GoToField(findings_[finding].field);
+    const std::vector<FindingRow>& findings = preview_.Findings();
+    if (finding < findings.size() && findings[finding].field != 0) {
+        GoToField(findings[finding].field);
     }
 }
 
@@ -290,7 +252,7 @@ bool MainModel::MayClose() {
 }
 
 void MainModel::KeepState() {
-    kept_.SetPreviewHeight(folded_ ? 0 : previewHeight_);
+    preview_.Keep();
     kept_.SetPcFolder(pcs_.Folder());
 }
 
@@ -299,10 +261,11 @@ void MainModel::TellFailure() {
 }
 
 std::optional<WantedPreview> MainModel::TakeWantedPreview() {
-    if (!document_ || !std::exchange(previewWanted_, false)) {
+    if (!document_) {
         return std::nullopt;
     }
-    return WantedPreview{Request(true), std::exchange(wantedAtOnce_, false)};
+    const std::optional<bool> atOnce = preview_.TakeWanted();
+    return atOnce ? std::optional(WantedPreview{Request(true), *atOnce}) : std::nullopt;
 }
 
 PreviewRequest MainModel::Request(bool withSettings) const {
@@ -310,22 +273,16 @@ PreviewRequest MainModel::Request(bool withSettings) const {
 }
 
 void MainModel::SetPreview(PreviewResult result) {
-    preview_ = std::move(result);
+    preview_.SetResult(std::move(result), *document_);
     for (const std::unique_ptr<PageForm>& form : forms_) {
-        form->SetResult(&*preview_);
+        form->SetResult(preview_.Result());
     }
-    UpdateFindings();
+    if (std::exchange(checkWanted_, false)) {
+        status_ = u"Prüfung: " + preview_.CountText() + u".";
+    }
     if (std::exchange(dryRunWanted_, false)) {
         ShowDryRun();
     }
-}
-
-bool MainModel::SetPreviewState(bool isOld, bool isStuck) {
-    const bool old = isOld || previewWanted_;
-    const bool isNews = old != isOld_ || isStuck != isStuck_;
-    isOld_ = old;
-    isStuck_ = isStuck;
-    return isNews;
 }
 
 std::optional<Destination> MainModel::TakeDestination() {
@@ -344,8 +301,6 @@ void MainModel::Take(FileResult result) {
 void MainModel::ShowDocument(std::unique_ptr<Document> document) {
     forms_.clear();
     document_ = std::move(document);
-    preview_.reset();
-    showsFindings_ = false;
     page_ = 0;
     for (const Page& page : Pages()) {
         forms_.push_back(std::make_unique<PageForm>(page, *document_, services_.files.dialogs,
@@ -358,48 +313,37 @@ void MainModel::ShowDocument(std::unique_ptr<Document> document) {
         }
     }
     document_->SetListener([this] {
-        WantPreview(false);
-        UpdateFindings();
+        preview_.Want(false);
+        preview_.UpdateFindings(*document_);
     });
-    WantPreview(true);
-    UpdateFindings();
+    preview_.Begin(*document_);
     destination_ = Destination{};
 }
 
-void MainModel::WantPreview(bool atOnce) {
-    previewWanted_ = true;
-    wantedAtOnce_ = wantedAtOnce_ || atOnce;
-}
-
-void MainModel::UpdateFindings() {
-    findings_ = FindingRows(*document_, preview_ ? &*preview_ : nullptr);
-}
-
 void MainModel::ShowFindings() {
-    folded_ = false;
-    showsFindings_ = true;
-    WantPreview(true);
-    status_ = findings_.empty() ? u"Prüfung: keine Hinweise."
-                                : u"Prüfung: " + CountText(findings_.size()) + u".";
+    preview_.ShowFindings(true);
+    preview_.Want(true);
+    checkWanted_ = true;
+    status_ = u"Die Einstellungen werden geprüft …";
     destination_ = Destination{0, true};
 }
 
 /// What is shown must be about the settings as they stand.
 void MainModel::ShowDryRun() {
-    if (!preview_ || isOld_ || previewWanted_) {
+    if (!preview_.IsCurrent()) {
         dryRunWanted_ = true;
-        wantedAtOnce_ = true;
+        preview_.Want(true);
         status_ = u"Der Probelauf wird ermittelt …";
         return;
     }
     status_.clear();
-    tarvex::ShowDryRun(services_.files.dialogs, *preview_, document_->Name(), pcs_.Name());
+    tarvex::ShowDryRun(services_.files.dialogs, *preview_.Result(), document_->Name(), pcs_.Name());
 }
 
 void MainModel::CompareLog() {
-    if (preview_) {
+    if (const PreviewResult* result = preview_.Result()) {
         CompareWithLog(services_.files.dialogs, services_.files.store, services_.files.codec,
-                       document_->Folder(), preview_->text, pcs_.Name());
+                       document_->Folder(), result->text, pcs_.Name());
     }
 }
 

@@ -18,8 +18,7 @@
 #include "window/keylist/KeyEntryForm.h"
 #include "window/main/KeptState.h"
 #include "window/main/Menu.h"
-#include "window/main/PreviewPaneState.h"
-#include "window/pages/PageFindings.h"
+#include "window/main/PreviewModel.h"
 #include "window/pages/PageForm.h"
 #include "window/pages/Search.h"
 #include "window/preview/PcChoice.h"
@@ -79,11 +78,11 @@ public:
     /// The current page, or the start page; another one is another object.
     FormModel& Form();
 
-    PreviewPaneState Pane() const;
-    bool IsPreviewFolded() const { return folded_; }
+    PreviewPaneState Pane() const { return preview_.Pane(pcs_); }
+    bool IsPreviewFolded() const { return preview_.IsFolded(); }
     /// Height of the unfolded preview as the user wants it, in pixels at 100 %.
-    std::int32_t PreviewHeight() const { return previewHeight_; }
-    void SetPreviewHeight(std::int32_t height) { previewHeight_ = height; }
+    std::int32_t PreviewHeight() const { return preview_.Height(); }
+    void SetPreviewHeight(std::int32_t height) { preview_.SetHeight(height); }
     std::vector<std::u16string> RecentFiles();
     bool IsEnabled(Command command) const;
     bool IsChecked(Command command) const;
@@ -119,7 +118,7 @@ public:
     void SetPreview(PreviewResult result);
     /// Whether what is shown is old, and whether the run waits for something that does not answer.
     /// True when that is news.
-    bool SetPreviewState(bool isOld, bool isStuck);
+    bool SetPreviewState(bool isOld, bool isStuck) { return preview_.SetState(isOld, isStuck); }
 
     /// Where the view is to bring the user, once.
     std::optional<Destination> TakeDestination();
@@ -127,10 +126,8 @@ public:
 private:
     void Take(FileResult result);
     void ShowDocument(std::unique_ptr<Document> document);
-    void WantPreview(bool atOnce);
     void RunOnDocument(Command command, std::int32_t row);
     void GoToField(std::int32_t number);
-    void UpdateFindings();
     void ShowFindings();
     void ShowDryRun();
     void CompareLog();
@@ -142,6 +139,7 @@ private:
     MainServices services_;
     FileCommands files_;
     KeptState kept_;
+    PreviewModel preview_;
     PcChoice pcs_;
     StartPageForm start_;
     std::unique_ptr<Document> document_;
@@ -150,17 +148,8 @@ private:
     std::u16string status_;
     std::vector<SearchHit> hits_;
 
-    std::optional<PreviewResult> preview_;
-    std::vector<FindingRow> findings_;
-    bool folded_ = false;
-    std::int32_t previewHeight_ = 120;
-    bool showsFindings_ = false;
-    bool isOld_ = false;
-    bool isStuck_ = false;
-    bool previewWanted_ = false;
-    bool wantedAtOnce_ = false;
     bool dryRunWanted_ = false;  // to be shown when the preview is up to date
-
+    bool checkWanted_ = false;   // its result is to be told then
     std::optional<Destination> destination_;
 };
 

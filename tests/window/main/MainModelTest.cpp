@@ -146,9 +146,12 @@ TEST_F(MainModelTest, CheckWithoutFindingsSaysSo) {
     Open();
     Answer(Result());
     model_.Run(Command::Check, 0);
+    EXPECT_EQ(model_.Status(), u"Die Einstellungen werden geprüft …");
+    EXPECT_TRUE(model_.TakeWantedPreview()->atOnce);
+    Answer(Result());
     EXPECT_EQ(model_.Pane().findingsTitle, u"Keine Hinweise");
     EXPECT_EQ(model_.Pane().findings, std::vector<std::u16string>({u"Nichts zu beanstanden."}));
-    EXPECT_EQ(model_.Status(), u"Prüfung: keine Hinweise.");
+    EXPECT_EQ(model_.Status(), u"Prüfung: Keine Hinweise.");
     model_.GoToFinding(0);
 }
 
@@ -161,6 +164,7 @@ TEST_F(MainModelTest, CheckShowsTheListAndUnfoldsThePreview) {
     model_.Run(Command::Check, 0);
     EXPECT_FALSE(model_.IsPreviewFolded());
     EXPECT_TRUE(model_.Pane().showsFindings);
+    Answer(WithFinding());
     EXPECT_EQ(model_.Status(), u"Prüfung: 1 Hinweis.");
     const std::optional<Destination> destination = model_.TakeDestination();
     ASSERT_TRUE(destination.has_value());
