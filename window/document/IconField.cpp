@@ -7,12 +7,6 @@
 #include "text/Text.h"
 
 namespace tarvex {
-namespace {
-
-struct IconContent {
-    std::string bytes;
-    std::u16string problem;
-};
 
 IconContent ReadIcon(FileStore& files, std::u16string_view folder, std::u16string_view path) {
     const std::u16string start = text::Replace(folder, u"\\", u"/");
@@ -25,8 +19,6 @@ IconContent ReadIcon(FileStore& files, std::u16string_view folder, std::u16strin
     // The path as the user knows it.
     return {{}, text::Replace(problems.front().text, IconPath(start, path), path, 1)};
 }
-
-}  // namespace
 
 std::u16string LoadIcon(Document& document, FileStore& files) {
     const std::u16string path(text::Trim(document.Text(kFieldIconFile)));

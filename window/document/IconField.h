@@ -8,6 +8,15 @@
 
 namespace tarvex {
 
+/// What was read of an icon file.
+struct IconContent {
+    std::string bytes;       ///< empty when there is a problem
+    std::u16string problem;  ///< German, with the file; empty when there is none
+};
+
+/// Reads an icon file. A relative path starts at `folder`, that of the launcher.
+IconContent ReadIcon(FileStore& files, std::u16string_view folder, std::u16string_view path);
+
 /// Reads the icon file that the document names into it, when it names one that was not read yet. To
 /// be called before the document is saved. It may have to wait for a server, so it is not called
 /// while the user types. Returns what is wrong, in German, with the file; empty when nothing is. A

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "configurator/checks/Checks.h"
+#include "configurator/program/ProgramFields.h"
 #include "launch/LaunchEnvironment.h"
 #include "platform/ProgramInfo.h"
 #include "simulation/LauncherFiles.h"
@@ -12,6 +13,7 @@
 #include "simulation/PcSelection.h"
 #include "simulation/SimulationReport.h"
 #include "simulation/StoredConstants.h"
+#include "window/document/IconField.h"
 #include "window/preview/PreviewEntries.h"
 
 namespace tarvex {
@@ -44,7 +46,8 @@ public:
           info_(MakeProgramInfo(request.program, u"\"" + request.program + u"\"")) {}
 
     PreviewResult Run() {
-        result_.findings = CheckSettings(request_.settings, {}, {&services_.store, info_.folder});
+        const Settings settings = WithIcon();
+        Append(result_.findings, CheckSettings(settings, {}, {&services_.store, info_.folder}));
         Problems problems;
         const StoredConstants constants =
             StoredConstants::FromSettings(request_.settings, {}, services_.codec, problems);
@@ -60,6 +63,23 @@ public:
     }
 
 private:
+    /// The settings with the icon file that they name. It was not read while its path was typed,
+    /// because a server may keep one waiting.
+    Settings WithIcon() {
+        Settings settings = request_.settings;
+        const std::u16string_view path = settings.Value(kFieldIconFile);
+        if (!path.empty() && settings.Icon().empty()) {
+            IconContent icon = ReadIcon(services_.store, info_.folder, path);
+            if (!icon.problem.empty()) {
+                result_.findings.push_back(
+                    {u"icon-file",
+                     {{}, 0, std::u16string(FindField(kFieldIconFile)->name), icon.problem}});
+            }
+            settings.SetIcon(std::move(icon.bytes));
+        }
+        return settings;
+    }
+
     void RunHere(const StoredConstants& constants, const ThisPc& pc) {
         const LauncherFiles files(pc.Files(), info_);
         TakeOutcome(

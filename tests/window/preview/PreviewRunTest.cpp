@@ -10,6 +10,7 @@
 #include "tests/simulation/CollectedWorld.h"
 #include "tests/support/FakeBrandConstants.h"
 #include "tests/support/FakeFileStore.h"
+#include "tests/support/IconBytes.h"
 #include "text/Text.h"
 
 namespace tarvex {
@@ -70,6 +71,27 @@ TEST_F(PreviewRunTest, StartShowsTheMaskedCommandLine) {
               u"\"C:\\Office\\msaccess.exe\" \"C:\\Kunden\\Daten\\Kunden.mdb\" /user \"XXXX\" /pwd "
               u"\"YYYY\"");
     EXPECT_TRUE(result.remarks.empty());
+}
+
+TEST_F(PreviewRunTest, IconFileThatIsTypedIsReadAndChecked) {
+    const auto iconFindings = [this] {
+        std::vector<std::string> lines;
+        const PreviewResult result = Run();
+        for (const Finding& finding : result.findings) {
+            if (finding.problem.field == u"IconFile") {
+                lines.push_back(text::ToUtf8(FindingLine(finding)));
+            }
+        }
+        return lines;
+    };
+    Set(kFieldIconFile, u"Kunden.ico");
+    EXPECT_EQ(iconFindings(), (std::vector<std::string>{"IconFile: Fehler: Kunden.ico: Die Datei "
+                                                        "ist nicht vorhanden. [icon-file]"}));
+    described.AddFile(u"C:/Kunden/Kunden.ico",
+                      IconBytes({BitmapImage(16, 16), BitmapImage(32, 32), BitmapImage(48, 48)}));
+    EXPECT_EQ(iconFindings(), std::vector<std::string>());
+    request.settings.SetIcon(IconBytes({BitmapImage(32, 32), BitmapImage(48, 48)}));
+    EXPECT_EQ(iconFindings().size(), 1U);
 }
 
 TEST_F(PreviewRunTest, TextIsThatOfTheDryRunOfALauncherWithTheSettings) {
