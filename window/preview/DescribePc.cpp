@@ -66,7 +66,7 @@ std::u16string DescribeThisPc(const PreviewRequest& request, const DescribeServi
     if (!problems.empty()) {
         return fail(problems);
     }
-    const std::u16string path = CollectedPath(files.front(), folder);
+    std::u16string path = CollectedPath(files.front(), folder);
     std::u16string done = path + u": Die Beschreibung ist geschrieben.\n\nSie enthält, was " +
                           name +
                           u" mit den Einstellungen dieses Fensters hier vorfindet, und nichts "
