@@ -68,3 +68,12 @@ class Wine(Native):
 
     def command(self):
         return ["wine", str(self.program)]
+
+
+class Prompt(Wine):
+    """What Windows finds at a prompt for "tarvexcf" in the folder of the shipped programs."""
+
+    name = "prompt"
+
+    def command(self):
+        return ["wine", "cmd", "/c", "cd", "/d", f"Z:{self.program.parent}", "&&", "tarvexcf"]

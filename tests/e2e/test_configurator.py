@@ -364,3 +364,9 @@ def test_permissions_of_a_replaced_file_stay(folder):
     os.chmod(folder / "T.exe", 0o640)
     assert program.run(folder, "set", "T.exe", "Log=1").code == 0
     assert stat.S_IMODE(os.stat(folder / "T.exe").st_mode) == 0o640
+
+
+def test_prompt_finds_the_console_form_before_the_window(folder):
+    at_prompt = configurator.Prompt().run(folder, "fields")
+    assert (at_prompt.code, at_prompt.err) == (0, ""), at_prompt
+    assert at_prompt.out == configurator.Wine().run(folder, "fields").out
