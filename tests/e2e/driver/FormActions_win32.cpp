@@ -19,11 +19,13 @@ DWORD CALLBACK AskForEnd(void* window) {
 
 void Driver::Deliver(WindowHandle window, std::uint32_t message, std::uintptr_t first,
                      std::intptr_t second) const {
-    // Taken in this order; the handler may show a dialog, which answers the second one then.
+    const HWND asked = Current();
+    // Taken in this order; the handler may show a dialog, which answers the second one then. It may
+    // also close the window.
     SendNotifyMessageW(window, message, first, second);
     DWORD_PTR answer = 0;
-    if (SendMessageTimeoutW(Current(), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, limitMs_, &answer) == 0 &&
-        IsWindow(Current()) != FALSE) {
+    if (SendMessageTimeoutW(asked, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, limitMs_, &answer) == 0 &&
+        IsWindow(asked) != FALSE) {
         throw StepFailure{u"timeout", u"the window does not answer"};
     }
 }
