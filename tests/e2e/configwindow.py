@@ -1,6 +1,7 @@
 """The configurator's window, driven step by step: every call is carried out before it returns."""
 
 import contextlib
+import json
 import pathlib
 import re
 import time
@@ -64,9 +65,19 @@ class ConfigWindow:
     def do(self, *steps):
         """Carries out steps of the driver; returns the report of the last one."""
         run = launcher.Run(self.world.carry_out(steps, keep=True))
-        assert run.ok, run.describe()
+        assert run.ok, self._describe(run)
         self.exit_code = run.exit_code
         return run.steps[-1] if run.steps else None
+
+    @staticmethod
+    def _describe(run):
+        """What failed, and what the user sees: forms have hundreds of controls."""
+        failed = [step for step in run.steps if "failure" in step]
+        shown = {
+            window["title"]: [c["text"] for c in window["controls"] if c["visible"] and c["text"]]
+            for window in run.report.get("windows", ())
+        }
+        return json.dumps({"failed": failed, "windows": shown}, ensure_ascii=False)
 
     # Windows
 
@@ -100,7 +111,8 @@ class ConfigWindow:
     def question(self):
         """The text of the question that is open, which becomes the current window."""
         box = self.dialog()
-        return "\n".join(c["text"] for c in box.of_class("Static") if c["text"])
+        text = "\n".join(c["text"] for c in box.of_class("Static") if c["text"])
+        return text.replace("\r\n", "\n")
 
     def answer(self, caption):
         """Presses a button of a question."""
@@ -122,7 +134,7 @@ class ConfigWindow:
         return self.text(number, NOTE)
 
     def enter(self, number, text):
-        self.do(("set", row(number), text.replace("\n", "\r\n")))
+        self.do(("set", row(number), text))
 
     def push(self, number):
         """Clicks a check box, an option or a button of a form."""

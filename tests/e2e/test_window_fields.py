@@ -7,7 +7,8 @@ import pathlib
 import pytest
 
 import configurator
-from configwindow import CANCEL, OK, ConfigWindow
+from configwindow import CANCEL, DIALOG, MAIN, NUMBERS, OK, ConfigWindow
+from configwindow import row as control
 
 ICON = pathlib.Path(__file__).parents[2] / "resources" / "tarvex.ico"
 
@@ -65,8 +66,8 @@ PLACES = {
     "Fehlermeldungen": (
         None,
         [
-            ("ErrBoxText", "ErrBoxText", "Bitte anrufen:\nTelefon 12 34 56"),
-            ("ErrDebugText", "ErrDebugText", "Bitte senden an\nsupport@muster.example"),
+            ("ErrBoxText", "ErrBoxText", "Bitte anrufen:\r\nTelefon 12 34 56"),
+            ("ErrDebugText", "ErrDebugText", "Bitte senden an\r\nsupport@muster.example"),
             ("HCID", "HCID", "1000"),
         ],
     ),
@@ -171,21 +172,21 @@ def test_every_entry_of_a_key_list_is_saved_as_the_dialog_composed_it(world, win
     expected = {}
     for number in range(1, 11):
         root = ROOTS[number % 4]
-        window.push(row + NEW)
-        window.dialog("Neuer Eintrag")
-        window.select(ROOT, number % 4)
-        window.enter(KEY, rf"Software\Firma {number}")
-        window.enter(VALUE, "Pfad")
+        texts = [(KEY, rf"Software\Firma {number}"), (VALUE, "Pfad")]
         text = entry(root, number)
         if page != "Access":
-            window.enter(SUB_FOLDER, "Daten")
-            window.enter(FILE, f"K{number}.mdb")
+            texts += [(SUB_FOLDER, "Daten"), (FILE, f"K{number}.mdb")]
             text += f"%|SubDir|%Daten%|Filename%|K{number}.mdb"
-        assert window.text(STORED) == text
+        composed = window.do(
+            ("push", control(row + NEW)),
+            ("appear", DIALOG, "title=Neuer Eintrag"),
+            ("select", control(ROOT), number % 4),
+            *[("set", control(part), value) for part, value in texts],
+            ("read", control(STORED)),
+        )
+        assert composed["text"] == text
         expected[f"{fields}{number:02}"] = text
-        window.press(OK)
-        window.gone()
-        window.main()
+        window.do(("push", OK), ("gone",), ("appear", MAIN))
     assert len(window.items(row)) == 10
     window.save()
     assert stored(world) == expected
@@ -264,17 +265,35 @@ class TestKeyListDialog:
         window.enter(KEY, rf"Software\{world.key}")
         window.enter(VALUE, "Pfad")
         window.wait(lambda: window.text(ANSWER).startswith(world.drive))
-        assert window.text(ANSWER) == world.path(r"\Daten\Hier.mdb")
+        assert window.text(ANSWER) == world.path(r"\Daten\Hier.mdb – vorhanden")
 
 
 # Page, answer, row, what cannot be, the message.
 WRONG = {
-    "line": ("Anwendung", None, "AppName", "x" * 51, "Der Wert ist um 1 Zeichen zu lang."),
-    "lines": ("Fehlermeldungen", None, "ErrBoxText", "y" * 503, "Der Wert ist um 3 Zeichen zu lang."),
-    "secret": ("Diagnose", None, "EditPwd", "Ω", ""),
-    "path": ("Access", 4101, "AccPath", "z" * 256, "Der Wert ist um 1 Zeichen zu lang."),
-    "number": ("Startbild", 4401, "PicDelay", "12345", "Der Wert ist um 1 Zeichen zu lang."),
-    "version": ("Programmdatei", None, "FileVersion", "neu", ""),
+    "line": (
+        *("Anwendung", None, "AppName", "x" * 51),
+        "Der Wert ist zu lang: Er braucht 51 Zeichen, das Feld fasst 50.",
+    ),
+    "lines": (
+        *("Fehlermeldungen", None, "ErrBoxText", "y" * 503),
+        "Der Wert ist zu lang: Er braucht 503 Zeichen, das Feld fasst 500.",
+    ),
+    "secret": (
+        *("Diagnose", None, "EditPwd", "Ω"),
+        "Das Zeichen 'Ω' gibt es in der Codepage der Einstellungen nicht.",
+    ),
+    "path": (
+        *("Access", 4101, "AccPath", "z" * 256),
+        "Der Wert ist zu lang: Er braucht 256 Zeichen, das Feld fasst 255.",
+    ),
+    "number": (
+        *("Startbild", 4401, "PicDelay", "12345"),
+        "Der Wert ist zu lang: Er braucht 5 Zeichen, das Feld fasst 4.",
+    ),
+    "version": (
+        *("Programmdatei", None, "FileVersion", "neu"),
+        "Der Text beginnt nicht mit einer Versionsnummer wie 1.2.3.",
+    ),
 }
 
 
@@ -283,14 +302,26 @@ def test_value_that_cannot_be_saved_is_told_while_it_is_typed(world, window, kin
     page, answer, row, value, message = WRONG[kind]
     before = world.snapshot()
     fill(window, page, answer, [(row, row, value)])
-    shown = window.message(row)
-    assert shown == message
-    assert window.marked_pages() == [page]
+    assert window.message(row) == message
+    assert page in window.marked_pages()
 
     window.save()
     text = window.question()
-    assert text.startswith("Diese Angaben können nicht gespeichert werden:\n\n" + row + ": ")
-    assert shown in text
+    assert text == f"Diese Angaben können nicht gespeichert werden:\n\n{row}: {message}"
+    window.answer("OK")
+    assert window.main().title == "Start.exe* – Tarvex-Konfiguration"
+    assert world.snapshot() == before
+
+
+def test_file_that_is_no_icon_is_refused(world, window):
+    world.write(r"\Prog\Kunden.ico", "kein Symbol")
+    fill(window, "Programmdatei", None, [("IconFile", "IconFile", "Kunden.ico")])
+    before = world.snapshot()
+    window.save()
+    assert window.question() == (
+        "Diese Angaben können nicht gespeichert werden:\n\n"
+        "IconFile: Kunden.ico: Die Datei ist keine Symboldatei (.ico)."
+    )
     window.answer("OK")
     assert window.main().title == "Start.exe* – Tarvex-Konfiguration"
     assert world.snapshot() == before
@@ -310,17 +341,41 @@ def test_value_that_will_not_work_is_marked_and_saved(world, window):
     assert stored(world) == {"AccPath": "msaccess.exe"}
 
 
-def test_other_answer_keeps_what_was_entered_until_it_is_saved(world, window):
-    fill(window, "Access", 4101, [("AccPath", "AccPath", r"C:\Office")])
-    window.push(4100)
-    window.push(4101)
-    assert window.text("AccPath") == r"C:\Office"
-    window.push(4100)
-    window.save()
-    assert window.question() == (
-        "Diese Angaben gehören zu einer nicht gewählten Möglichkeit und werden nicht "
-        "gespeichert: AccPath."
-    )
-    window.answer("&Speichern ohne sie")
-    window.main()
+def test_answer_that_is_not_chosen_keeps_its_values_until_they_are_saved(world):
+    world.brand(AccPath=r"C:\Office")
+    with ConfigWindow(world, world.exe) as window:
+        window.page("Access")
+        window.push(4100)
+        window.push(4101)
+        assert window.text("AccPath") == r"C:\Office"
+        window.push(4100)
+        window.save()
+        assert window.question() == (
+            "Diese Angaben gehören zu einer nicht gewählten Möglichkeit und werden nicht "
+            "gespeichert: AccPath."
+        )
+        window.answer("&Speichern ohne sie")
+        window.main()
     assert stored(world) == {}
+
+
+def test_fields_of_the_chosen_answer_are_shown_only(window):
+    window.page("Datenbank")
+    rows = [control(field) for field in ("DBFilename", "DBPath", second("DBFilename"), 6100)]
+    shown = {}
+    for answer in (4200, 4201, 4202, 4203):
+        window.push(answer)
+        visible = {c["id"] for c in window.seen().controls if c["visible"]}
+        shown[answer] = [number in visible for number in rows]
+    assert shown == {
+        4200: [False, False, False, False],
+        4201: [True, False, False, False],
+        4202: [False, True, True, False],
+        4203: [False, False, False, True],
+    }
+
+
+def test_every_setting_is_edited_by_a_control_here():
+    edited = [field for _, rows in PLACES.values() for _, field, _ in rows]
+    edited += [f"{fields}{number:02}" for _, _, fields in LISTS.values() for number in range(1, 11)]
+    assert sorted(edited) == sorted(NUMBERS)
