@@ -109,7 +109,7 @@ PreviewPaneState MainModel::Pane() const {
         pane.text = preview_->text;
     }
     if (isStuck_) {
-        pane.commandLine = u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf …";
+        pane.commandLine = u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf…";
     }
     pane.showsFindings = showsFindings_;
     for (const FindingRow& finding : findings_) {
@@ -389,7 +389,7 @@ void MainModel::ShowDryRun() {
     if (!preview_ || isOld_ || previewWanted_) {
         dryRunWanted_ = true;
         wantedAtOnce_ = true;
-        status_ = u"Der Probelauf wird ermittelt …";
+        status_ = u"Der Probelauf wird ermittelt…";
         return;
     }
     status_.clear();

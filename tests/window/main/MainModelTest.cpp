@@ -114,7 +114,7 @@ TEST_F(MainModelTest, PathThatDoesNotAnswerIsToldInPlaceOfTheCommandLine) {
     Open();
     Answer(Result());
     EXPECT_TRUE(model_.SetPreviewState(true, true));
-    EXPECT_EQ(model_.Pane().commandLine, u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf …");
+    EXPECT_EQ(model_.Pane().commandLine, u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf…");
     EXPECT_EQ(model_.Pane().text, u"Protokoll\r\n");
 }
 
@@ -175,7 +175,7 @@ TEST_F(MainModelTest, DryRunShowsThePreviewOfTheSettingsAsTheyStand) {
     model_.Form().SetText(kFieldAppName, u"Artikel");
     model_.Run(Command::DryRun, 0);
     EXPECT_EQ(dialogs.log, Log());
-    EXPECT_EQ(model_.Status(), u"Der Probelauf wird ermittelt …");
+    EXPECT_EQ(model_.Status(), u"Der Probelauf wird ermittelt…");
     EXPECT_TRUE(model_.TakeWantedPreview()->atOnce);
     std::u16string shown;
     dialogs.formUsers.push_back([&shown](FormModel& form) {
