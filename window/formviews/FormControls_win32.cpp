@@ -386,8 +386,10 @@ void FormControls::Move(HWND window, FormRect& now, const FormRect& place, int s
         SendMessageW(window, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), place.height - around);
         height += kLinesInDropDown * fonts_->LineHeight(FormFont::Normal);
     }
+    // Drawn anew: rows that move past each other would copy what another one has just left, and
+    // text at the right end of a control keeps its place when only the width changes.
     SetWindowPos(window, nullptr, place.left, place.top - scrolled, place.width, height,
-                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW | SWP_NOCOPYBITS);
 }
 
 void FormControls::ToggleReveal() {

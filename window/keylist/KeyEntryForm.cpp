@@ -18,26 +18,26 @@ constexpr std::array<std::u16string_view, 4> kRoots = {u"HKEY_LOCAL_MACHINE", u"
 std::vector<FormRow> MakeRows(const KeyListFields& list) {
     const bool isAccess = list.first == kAccRegList.first;
     const bool isPicture = list.first == kPicRegList.first;
-    std::u16string fileHint = u"wird angehängt; leer: der Wert ist schon der volle Pfad der Datei";
+    std::u16string fileHint = u"Wird angehängt; leer: der Wert ist schon der volle Pfad der Datei";
     if (isAccess) {
-        fileHint = u"wird hier nicht beachtet, gesucht wird immer msaccess.exe";
+        fileHint = u"Wird hier nicht beachtet, gesucht wird immer msaccess.exe";
     } else if (isPicture) {
-        fileHint = u"wird angehängt (.bmp oder .jpg); leer: der Wert ist schon der volle Pfad";
+        fileHint = u"Wird angehängt (.bmp oder .jpg); leer: der Wert ist schon der volle Pfad";
     }
     return {
         {RowKind::Choice, KeyEntryForm::kRootRow, u"&Hauptschlüssel"},
         {.kind = RowKind::Line,
          .id = KeyEntryForm::kKeyRow,
          .label = u"&Schlüssel",
-         .hint = u"auch ein ganzer Pfad, wie ihn der Registrierungs-Editor kopiert"},
+         .hint = u"Auch ein ganzer Pfad, wie ihn der Registrierungs-Editor kopiert"},
         {.kind = RowKind::Line,
          .id = KeyEntryForm::kValueRow,
          .label = u"&Wertname",
-         .hint = u"leer: der Standardwert des Schlüssels"},
+         .hint = u"Leer: der Standardwert des Schlüssels"},
         {.kind = RowKind::Line,
          .id = KeyEntryForm::kSubFolderRow,
          .label = u"&Unterordner",
-         .hint = u"wird an den Ordner angehängt, der im Wert steht; leer: keiner"},
+         .hint = u"Wird an den Ordner angehängt, der im Wert steht; leer: keiner"},
         {.kind = RowKind::Line,
          .id = KeyEntryForm::kFileRow,
          .label = u"&Dateiname",
@@ -45,11 +45,11 @@ std::vector<FormRow> MakeRows(const KeyListFields& list) {
         {.kind = RowKind::Line,
          .id = KeyEntryForm::kStoredRow,
          .label = u"&Gespeichert als",
-         .hint = u"der Eintrag, wie er im Startprogramm steht"},
+         .hint = u"Der Eintrag, wie er im Startprogramm steht"},
         {.kind = RowKind::Line,
          .id = KeyEntryForm::kAnswerRow,
          .label = u"&Führt zu",
-         .hint = u"auf dem PC der Vorschau"},
+         .hint = u"Auf dem PC der Vorschau"},
     };
 }
 

@@ -105,7 +105,7 @@ void KeyListPart::AppendRows(std::vector<FormRow>& rows, const KeyListFields& li
     rows.push_back({.kind = RowKind::Line,
                     .id = row + kAnswerRow,
                     .label = u"Eintrag führt &zu",
-                    .hint = u"auf dem PC der Vorschau",
+                    .hint = u"Auf dem PC der Vorschau",
                     .indent = indent});
 }
 

@@ -324,7 +324,7 @@ void MainModel::ShowFindings() {
     preview_.ShowFindings(true);
     preview_.Want(true);
     checkWanted_ = true;
-    status_ = u"Die Einstellungen werden geprüft …";
+    status_ = u"Die Einstellungen werden geprüft…";
     destination_ = Destination{0, true};
 }
 
@@ -333,7 +333,7 @@ void MainModel::ShowDryRun() {
     if (!preview_.IsCurrent()) {
         dryRunWanted_ = true;
         preview_.Want(true);
-        status_ = u"Der Probelauf wird ermittelt …";
+        status_ = u"Der Probelauf wird ermittelt…";
         return;
     }
     status_.clear();

@@ -82,7 +82,7 @@ PreviewPaneState PreviewModel::Pane(const PcChoice& pcs) const {
         pane.text = result_->text;
     }
     if (isStuck_) {
-        pane.commandLine = u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf …";
+        pane.commandLine = u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf…";
     }
     pane.showsFindings = showsFindings_;
     pane.findings = Lines();

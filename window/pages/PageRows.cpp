@@ -8,6 +8,15 @@
 namespace tarvex {
 namespace {
 
+/// Purposes begin in lower case where a settings file shows them behind other words.
+std::u16string AsSentence(std::u16string text) {
+    const char16_t first = text.empty() ? u'\0' : text.front();
+    if ((first >= u'a' && first <= u'z') || first == u'ä' || first == u'ö' || first == u'ü') {
+        text.front() = static_cast<char16_t>(first - (u'a' - u'A'));
+    }
+    return text;
+}
+
 FormRow FieldRow(RowKind kind, std::int32_t number, std::u16string_view label) {
     const BrandField& field = *FindField(number);
     FormRow row;
@@ -15,7 +24,7 @@ FormRow FieldRow(RowKind kind, std::int32_t number, std::u16string_view label) {
     row.id = number;
     row.label = label;
     row.name = field.name;
-    row.hint = FieldPurpose(field);
+    row.hint = AsSentence(FieldPurpose(field));
     return row;
 }
 

@@ -13,7 +13,7 @@ std::vector<std::u16string> PcChoice::Lines() const {
     for (const std::u16string& path : pcs_) {
         lines.push_back(PcName(path));
     }
-    lines.emplace_back(u"PC-Beschreibungen wählen …");
+    lines.emplace_back(u"PC-Beschreibungen wählen…");
     return lines;
 }
 

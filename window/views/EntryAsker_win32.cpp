@@ -15,7 +15,7 @@ EntryAnswer EntryAsker::Answer(const PreviewRequest& about, const KeyListFields&
     worker_.RequestAtOnce(std::move(request));
     const std::optional<PreviewResult> result = worker_.ResultWithin(kMoment);
     if (!result) {
-        return {false, u"Ein Pfad antwortet nicht …"};
+        return {false, u"Ein Pfad antwortet nicht…"};
     }
     // One that is divided is answered for by its first part.
     return result->entries.empty() ? EntryAnswer{false, result->commandLine}

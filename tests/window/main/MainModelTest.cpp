@@ -114,7 +114,7 @@ TEST_F(MainModelTest, PathThatDoesNotAnswerIsToldInPlaceOfTheCommandLine) {
     Open();
     Answer(Result());
     EXPECT_TRUE(model_.SetPreviewState(true, true));
-    EXPECT_EQ(model_.Pane().commandLine, u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf …");
+    EXPECT_EQ(model_.Pane().commandLine, u"Ein Pfad antwortet nicht. Die Vorschau wartet darauf…");
     EXPECT_EQ(model_.Pane().text, u"Protokoll\r\n");
 }
 
@@ -146,7 +146,7 @@ TEST_F(MainModelTest, CheckWithoutFindingsSaysSo) {
     Open();
     Answer(Result());
     model_.Run(Command::Check, 0);
-    EXPECT_EQ(model_.Status(), u"Die Einstellungen werden geprüft …");
+    EXPECT_EQ(model_.Status(), u"Die Einstellungen werden geprüft…");
     EXPECT_TRUE(model_.TakeWantedPreview()->atOnce);
     Answer(Result());
     EXPECT_EQ(model_.Pane().findingsTitle, u"Keine Hinweise");
@@ -179,7 +179,7 @@ TEST_F(MainModelTest, DryRunShowsThePreviewOfTheSettingsAsTheyStand) {
     model_.Form().SetText(kFieldAppName, u"Artikel");
     model_.Run(Command::DryRun, 0);
     EXPECT_EQ(dialogs.log, Log());
-    EXPECT_EQ(model_.Status(), u"Der Probelauf wird ermittelt …");
+    EXPECT_EQ(model_.Status(), u"Der Probelauf wird ermittelt…");
     EXPECT_TRUE(model_.TakeWantedPreview()->atOnce);
     std::u16string shown;
     dialogs.formUsers.push_back([&shown](FormModel& form) {

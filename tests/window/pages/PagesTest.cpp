@@ -123,10 +123,22 @@ TEST(PagesTest, RowOfAFieldShowsItsNameAndWhatItIsFor) {
             if (const std::int32_t number = FieldOfRow(row.id)) {
                 const BrandField& field = *FindField(number);
                 EXPECT_EQ(row.name, field.name);
-                EXPECT_EQ(row.hint, FieldPurpose(field));
+                EXPECT_TRUE(text::EqualsIgnoreCase(row.hint, FieldPurpose(field)));
             }
         }
     }
+}
+
+TEST(PagesTest, ExplanationsBeginWithACapitalLetter) {
+    std::vector<std::u16string> small;
+    for (const Page& page : Pages()) {
+        for (const FormRow& row : page.rows) {
+            if (!row.hint.empty() && row.hint.front() == text::Fold(row.hint.front())) {
+                small.push_back(row.hint);
+            }
+        }
+    }
+    EXPECT_EQ(small, std::vector<std::u16string>());
 }
 
 TEST(PagesTest, KindOfAFieldDecidesItsControl) {

@@ -36,7 +36,7 @@ protected:
 };
 
 TEST_F(PcChoiceTest, ThisPcIsChosenFirst) {
-    EXPECT_EQ(choice.Lines(), (Lines{u"dieser PC", u"PC-Beschreibungen wählen …"}));
+    EXPECT_EQ(choice.Lines(), (Lines{u"dieser PC", u"PC-Beschreibungen wählen…"}));
     EXPECT_EQ(choice.Selected(), 0);
     EXPECT_EQ(choice.Pc(), u"");
     EXPECT_EQ(choice.Name(), u"diesem PC");
@@ -45,7 +45,7 @@ TEST_F(PcChoiceTest, ThisPcIsChosenFirst) {
 TEST_F(PcChoiceTest, FolderGivesItsPcsByName) {
     EXPECT_TRUE(Choose(u"C:\\PCs"));
     EXPECT_EQ(choice.Lines(),
-              (Lines{u"dieser PC", u"Büro", u"Kasse", u"PC-Beschreibungen wählen …"}));
+              (Lines{u"dieser PC", u"Büro", u"Kasse", u"PC-Beschreibungen wählen…"}));
     EXPECT_EQ(choice.Selected(), 1);
     EXPECT_EQ(choice.Pc(), u"C:\\PCs\\Büro.pc");
     EXPECT_EQ(choice.Name(), u"Büro");
@@ -76,7 +76,7 @@ TEST_F(PcChoiceTest, ChoiceStaysWhenNoFolderIsNamed) {
 TEST_F(PcChoiceTest, DescriptionsThatCannotBeReadAreToldAndLeftOut) {
     files.AddFile(u"C:\\PCs\\Büro.pc", "[PC]\nFalsch = x\n");
     EXPECT_TRUE(Choose(u"C:\\PCs"));
-    EXPECT_EQ(choice.Lines(), (Lines{u"dieser PC", u"Kasse", u"PC-Beschreibungen wählen …"}));
+    EXPECT_EQ(choice.Lines(), (Lines{u"dieser PC", u"Kasse", u"PC-Beschreibungen wählen…"}));
     ASSERT_EQ(dialogs.log.size(), 2u);
     EXPECT_TRUE(dialogs.log.back().starts_with(
         "Frage: Nicht alle PC-Beschreibungen sind verwendbar:\n\nC:\\PCs\\Büro.pc, Zeile 2: "))

@@ -40,7 +40,7 @@ TEST(EntryAskerTest, PathThatDoesNotAnswerDoesNotHoldUpTheWindow) {
             return PreviewResult();
         });
         EXPECT_EQ(asker.Answer(kAbout, kDBRegList, u"HKLM\\A\\B").text,
-                  u"Ein Pfad antwortet nicht …");
+                  u"Ein Pfad antwortet nicht…");
     }
     EXPECT_LT(GetTickCount() - start, 2000u);
     SetEvent(answers);
