@@ -44,8 +44,9 @@ void Win32UserSettings::Write(std::u16string_view name, std::u16string_view text
         RegDeleteValueW(key, Wide(value));
     } else {
         const std::u16string stored(text);
+        const std::size_t bytes = (stored.size() + 1) * sizeof(char16_t);
         RegSetValueExW(key, Wide(value), 0, REG_SZ, reinterpret_cast<const BYTE*>(stored.c_str()),
-                       static_cast<DWORD>((stored.size() + 1) * sizeof(char16_t)));
+                       static_cast<DWORD>(bytes));
     }
     RegCloseKey(key);
 }
