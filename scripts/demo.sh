@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Shows the whole system at work: set-up, build, a configured launcher, its start picture, a dry run,
-# a real start, a failing start with its details, and the diagnostic information. The programs run
-# under Wine; Access is a stand-in that records how it was started.
+# a real start, a failing start with its details, the diagnostic information, and the configurator's
+# window. The programs run under Wine; Access is a stand-in that records how it was started.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -82,6 +82,13 @@ echo "== 7. Diagnostic information: Kunden.exe /D Diagnose"
     sample_picture
     printf 'close\nexit\n'
 } | drive_windows diagnose.png
+
+echo
+echo "== 8. The configurator's window, with Kunden.exe open"
+sample_window "$pictures" one >/dev/null
+echo "   (Screenshot: $pictures/konfiguration.png)"
+echo "On Windows this opens it:"
+echo "    tarvexcf.exe Kunden.exe"
 
 echo
 echo "The demo is done; its screenshots lie in $pictures/."

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Takes the pictures of the launcher's windows that the documentation shows, into docs/bilder/. The
-# programs run under Wine, whose own dialogs look a little different from those of Windows.
+# Takes the pictures that the documentation shows, into docs/bilder/, and pictures of every page and
+# dialog of the configurator's window at 100 % and 200 %, into build/screenshots/, for whoever changes
+# it. The programs run under Wine, whose own dialogs look a little different from those of Windows.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=lib/sample.sh
@@ -12,8 +13,12 @@ largest=60000 # bytes; they are part of the repository
 mkdir -p "$pictures"
 
 shoot() { # name; steps on standard input
-    local size
     sample_drive "$pictures/$1.png"
+    check_size "$1"
+}
+
+check_size() { # name
+    local size
     size=$(stat -c %s "$pictures/$1.png")
     if ((size > largest)); then
         echo "$pictures/$1.png has $size bytes, more than $largest" >&2
@@ -35,6 +40,14 @@ one_window() { # condition [switches [how to close it]]
 }
 
 sample_install >/dev/null
+
+sample_window "$pictures" one >/dev/null
+check_size konfiguration
+for percent in 100 200; do
+    # A session of its own: a resolution is for all programs, and 200 % needs a larger screen.
+    env -u TARVEX_WINE_SESSION TARVEX_SCREEN=2048x1536 ./scripts/wine-session \
+        ./scripts/lib/window-pictures.sh "build/screenshots/$percent" $((96 * percent / 100))
+done
 
 # Long enough for a slow machine; the script closes the picture.
 configure PicDelay=8000

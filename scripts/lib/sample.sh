@@ -7,6 +7,8 @@
 #   sample_install                configures Kunden.exe; sets sample_folder and sample_office
 #   sample_drive [PICTURE]        lets the window driver follow the script on standard input (see
 #                                 tests/e2e/driver/README.md); its report is in $sample_work/report
+#   sample_shoot FILE [PROGRAM]   takes a picture of the topmost window of Kunden, or of another program
+#   sample_window FOLDER [one]    pictures of the configurator's window (see window-pictures.py)
 #   sample_start [SWITCHES], sample_picture
 #                                 print steps for such a script: start Kunden.exe; take the picture
 
@@ -48,17 +50,21 @@ sample_picture() {
 }
 
 # Takes a picture of the topmost window with the frame that the window manager gave it.
-sample_shoot() { # file
-    local window
+sample_shoot() { # file [program]
+    local program=${2:-kunden} window
     # In the order of the stack; the class is the same for all windows of a program.
-    window=$(xdotool search --onlyvisible --class '^kunden\.exe$' | tail -n 1)
+    window=$(xdotool search --onlyvisible --class "^$program\\.exe\$" | tail -n 1)
     [[ -n $window ]] || {
-        echo "no window of Kunden.exe is visible" >&2
+        echo "no window of $program.exe is visible" >&2
         return 1
     }
     # The same windows give the same file: no date, and colours from a palette.
     import -window "$window" -frame -strip -define png:exclude-chunks=date,time \
         -colors 255 "PNG8:$1"
+}
+
+sample_window() { # folder [one]
+    /usr/bin/python3 scripts/lib/window-pictures.py "$@" </dev/null
 }
 
 sample_drive() { # [picture]

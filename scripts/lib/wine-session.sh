@@ -9,6 +9,8 @@
 #                                 for the command, not for the calling shell
 #   wine_session_stop             ends it before the shell ends
 #
+# TARVEX_SCREEN in the environment is the size of the screen, 1280x1024 without it.
+#
 # Usually scripts/wine-session, which does all three, is what one wants.
 
 # shellcheck source=wine-prefix.sh
@@ -48,8 +50,8 @@ wine_window_manager_runs() {
 
 wine_display_start() { # sets wine_session_display
     local folder=$wine_session_folder
-    wine_session_spawn display Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset \
-        3>"$folder/display" >"$folder/xvfb.log" 2>&1
+    wine_session_spawn display Xvfb -displayfd 3 -screen 0 "${TARVEX_SCREEN:-1280x1024}x24" \
+        -nolisten tcp -noreset 3>"$folder/display" >"$folder/xvfb.log" 2>&1
     wine_wait 30 "the X server" $! test -s "$folder/display" || return 1
     wine_session_display=:$(<"$folder/display")
     # The configuration is named so that the one of the user's desktop is not taken.

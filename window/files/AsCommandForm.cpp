@@ -31,10 +31,7 @@ std::vector<FormRow> MakeRows() {
          .id = AsCommandForm::kCommand,
          .label = u"Be&fehl",
          .hint = u"So geschrieben, wie er in einer Batchdatei (.cmd) steht.",
-         .lines = 4},
-        {.kind = RowKind::Buttons,
-         .id = AsCommandForm::kButtons,
-         .label = {},
+         .lines = 4,
          .buttons = {{AsCommandForm::kCopy, u"&Kopieren", u"Befehl kopieren"}}},
     };
 }

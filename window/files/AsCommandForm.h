@@ -20,7 +20,6 @@ public:
     static constexpr std::int32_t kChooseTemplate = 103;
     static constexpr std::int32_t kSecrets = 104;
     static constexpr std::int32_t kCommand = 105;
-    static constexpr std::int32_t kButtons = 106;
     static constexpr std::int32_t kCopy = 107;
 
     /// `values` are those of the document, `source` is the template when it has none. Services and

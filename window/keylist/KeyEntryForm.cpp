@@ -45,7 +45,7 @@ std::vector<FormRow> MakeRows(const KeyListFields& list) {
         {.kind = RowKind::Line,
          .id = KeyEntryForm::kStoredRow,
          .label = u"&Gespeichert als",
-         .hint = u"Der Eintrag, wie er im Startprogramm steht"},
+         .hint = u"So steht er im Startprogramm"},
         {.kind = RowKind::Line,
          .id = KeyEntryForm::kAnswerRow,
          .label = u"&Führt zu",
