@@ -163,7 +163,7 @@ def dialogs(pictures, window):
     for command, name in (("PageHelp", "hilfe"), ("About", "info")):
         window.choose(command)
         window.at("new=")
-        pictures.take(fname)
+        pictures.take(f"frage-{name}")
         window.do(("close",), ("gone",))
         window.main()
 
@@ -229,7 +229,7 @@ def main():
     if sys.argv[2:] == ["one"]:
         one_page(pictures)
         return
-    for scene in (questions, dialogs, main_window, pages):
+    for scene in (dialogs, questions, main_window, pages):
         with pictures.window(KUNDEN) as window:
             scene(pictures, window)
     start_page(pictures)
