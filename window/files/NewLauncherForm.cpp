@@ -23,8 +23,7 @@ std::vector<FormRow> MakeRows() {
         {.kind = RowKind::Line,
          .id = NewLauncherForm::kName,
          .label = u"&Name",
-         .hint = u"Das Startprogramm findet eine Datenbank, die neben ihm steht und so heißt wie "
-                 u"es.",
+         .hint = u"Eine Datenbank gleichen Namens im selben Ordner wird gefunden.",
          .chars = 40},
         {.kind = RowKind::Line,
          .id = NewLauncherForm::kFolder,

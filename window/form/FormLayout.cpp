@@ -292,7 +292,8 @@ private:
         const int width = right_ - left;
         if (!row.label.empty()) {
             const std::u16string label = WithoutAccessKey(row.label);
-            place.label = {left, top_, std::min(measure_.TextWidth(FormFont::Normal, label), width),
+            const int needed = measure_.TextWidth(FormFont::Normal, label) + Scaled(kOverhang);
+            place.label = {left, top_, std::min(needed, width),
                            measure_.TextHeight(FormFont::Normal, label, width)};
             PlaceNameAfter(row, place.label, place);
             top_ += Scaled(kHintGap) * 2;

@@ -12,7 +12,7 @@ namespace {
 
 // At kNormalDpi.
 constexpr int kBoxWidth = 170;
-constexpr int kListWidth = 380;
+constexpr int kListWidth = 500;
 constexpr int kLabelWidth = 46;
 constexpr int kGap = 6;
 constexpr int kMostLines = 10;
