@@ -71,7 +71,7 @@ IMPORTS = {
         toupper vfprintf wcschr wcscmp wcscpy wcslen
         """,
     "shell32.dll": """
-        CommandLineToArgvW DragFinish DragQueryFileW
+        CommandLineToArgvW
         """,
     "user32.dll": """
         AdjustWindowRect AdjustWindowRectEx AllowSetForegroundWindow AppendMenuW BeginPaint

@@ -27,10 +27,12 @@ std::u16string PathOfProgram() {
     });
 }
 
-/// What the program was started with: a file by its full path, or kNewArgument; empty: nothing.
+/// What the program was started with: a file by its full path, or kNewArgument.
 std::u16string FileToOpen(const ThisPc& pc) {
+    const SystemLibrary shell(u"shell32.dll");
+    auto* const split = shell.Function<decltype(CommandLineToArgvW)>("CommandLineToArgvW");
     int count = 0;
-    wchar_t** list = CommandLineToArgvW(GetCommandLineW(), &count);
+    wchar_t** list = split != nullptr ? split(GetCommandLineW(), &count) : nullptr;
     std::u16string argument;
     if (list != nullptr && count > 1) {
         argument = FromWide(list[1]);
@@ -39,7 +41,8 @@ std::u16string FileToOpen(const ThisPc& pc) {
     return argument.empty() || argument == kNewArgument ? argument : pc.FullPath(argument);
 }
 
-void RunWindow() {
+/// Without arguments the shell's library, which takes long to load, is not needed.
+void RunWindow(bool hasArguments) {
     Win32FileStore store;
     const SingleByteTextCodec codec;
     const Win32FolderListing folders;
@@ -57,19 +60,19 @@ void RunWindow() {
                     const std::u16string& entry) { return entries.Answer(about, list, entry); }});
     MainWindow window(model, settings);
     if (window.Make()) {
-        window.Run(FileToOpen(*thisPc));
+        window.Run(hasArguments ? FileToOpen(*thisPc) : std::u16string());
     }
 }
 
 }  // namespace
 }  // namespace tarvex
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR arguments, int) {
     // A refused file or an empty drive is told by the window, never in a box of the system.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     tarvex::PrepareWin32Program();
     tarvex::RestrictDllSearch();
-    tarvex::RunWindow();
+    tarvex::RunWindow(*arguments != '\0');
     // A preview may still be worked out, or wait for a path that does not answer: it ends here, and
     // not among objects of the program that are going already.
     ExitProcess(0);

@@ -7,7 +7,7 @@ import pathlib
 import pytest
 
 import configurator
-from configwindow import CANCEL, DIALOG, MAIN, NUMBERS, OK, ConfigWindow
+from configwindow import CANCEL, DIALOG, MAIN, NUMBERS, OK, PROGRAM_FIELDS, ConfigWindow
 from configwindow import row as control
 
 ICON = pathlib.Path(__file__).parents[2] / "resources" / "tarvex.ico"
@@ -108,12 +108,15 @@ ROOT, KEY, VALUE, SUB_FOLDER, FILE, STORED, ANSWER = range(100, 107)
 ROOTS = ("HKLM", "HKCU", "HKCR", "HKU")
 
 
-def stored(world, *arguments):
+def stored(world):
+    """The settings that a saved launcher has, as the command line reads them."""
     result = configurator.Native().run(
-        world.work, "show", world.unix(world.exe), "--reveal", "--json", *arguments
+        world.work, "show", world.unix(world.exe), "--reveal", "--json", "--all"
     )
     assert result.code == 0, result
-    return json.loads(result.out)["values"]
+    values = json.loads(result.out)["values"]
+    assert set(NUMBERS) - set(values) <= set(PROGRAM_FIELDS)  # these are listed when they are set
+    return {name: value for name, value in values.items() if value}
 
 
 @pytest.fixture

@@ -2,6 +2,7 @@
 taking over, and what it refuses."""
 
 import pathlib
+import re
 import shutil
 import struct
 import subprocess
@@ -341,15 +342,20 @@ class TestClosing:
         assert stored(world)["AppName"] == "Alt"
 
 
-def test_nothing_secret_is_kept_in_the_registry(world, window):
+def test_place_and_last_files_are_kept_in_the_registry_and_nothing_secret(world, window):
+    key = r"HKEY_CURRENT_USER\Software\Tarvex\Konfiguration"
+    launcher.wine("reg", "delete", key, "/f", check=False)
     window.page("Arbeitsgruppe")
     window.enter("Pwd", "Neu/Geheim")
     window.save()
     window.close()
     assert window.ended() == 0
     file = world.work / "kept.reg"
-    key = r"HKEY_CURRENT_USER\Software\Tarvex"
     launcher.wine("reg", "export", key, launcher.windows_path(file), "/y")
-    kept = file.read_bytes().decode("utf-16")
-    assert kept.count("Start.exe") == 1
-    assert not any(text in kept for text in ("Meier", "Geheim", "Alt"))
+    head, *values = file.read_bytes().decode("utf-16").strip().split("\r\n")[2:]
+    assert head == f"[{key}]"
+    values = dict(value.split("=") for value in values if value)
+    assert values.pop('"Datei1"') == '"' + world.exe.replace("\\", "\\\\") + '"'
+    assert re.fullmatch(r'"-?\d+,-?\d+,\d+,\d+"', values.pop('"Fenster"'))
+    assert re.fullmatch(r'"\d+"', values.pop('"Vorschau"'))
+    assert values == {}

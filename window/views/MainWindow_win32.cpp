@@ -473,11 +473,17 @@ void MainWindow::OnPreviewDone() {
 }
 
 void MainWindow::OnDrop(HDROP drop) {
-    const std::u16string path = ReadGrowing([drop](wchar_t* buffer, unsigned long size) {
-        const unsigned long length = DragQueryFileW(drop, 0, buffer, size);
+    const SystemLibrary shell(u"shell32.dll");
+    auto* const query = shell.Function<decltype(DragQueryFileW)>("DragQueryFileW");
+    auto* const finish = shell.Function<decltype(DragFinish)>("DragFinish");
+    if (query == nullptr || finish == nullptr) {
+        return;
+    }
+    const std::u16string path = ReadGrowing([drop, query](wchar_t* buffer, unsigned long size) {
+        const unsigned long length = query(drop, 0, buffer, size);
         return GrowingRead{length, length + 1 >= size};
     });
-    DragFinish(drop);
+    finish(drop);
     SetForegroundWindow(Window());
     Do([this, &path] { model_.Open(path); });
 }
