@@ -54,11 +54,19 @@ bool Driver::Run(const std::vector<Action>& script) {
         json_.Member("running", !exitCode.has_value());
         json_.Key("exitCode");
         exitCode ? json_.Value(static_cast<std::int32_t>(*exitCode)) : json_.Null();
-        json_.Key("windows").Begin('[');
-        for (const WindowHandle window : VisibleWindows(program_.Id())) {
-            WriteJson(json_, ReadWindow(window));
+        if (!ok) {  // who reads a failure wants to know what was there
+            json_.Key("windows").Begin('[');
         }
-        json_.End();
+        for (const WindowHandle window : VisibleWindows(program_.Id())) {
+            if (!ok) {
+                WriteJson(json_, ReadWindow(window));
+            } else {  // what has closed a dialog of it may still be at work
+                AwaitAnswer(window);
+            }
+        }
+        if (!ok) {
+            json_.End();
+        }
     }
     json_.Member("ok", ok).End();
     return ok;
@@ -157,8 +165,12 @@ Control Driver::FindControl(const std::function<bool(const Control&)>& matches,
 
 Control Driver::ControlWithId(const std::u16string& id) const {
     const auto number = text::ParseInt32(id);
-    return FindControl([&number](const Control& control) { return control.id == number; },
-                       u"control with the id " + id);
+    const auto control = number ? FindVisibleControl(Current(), *number) : std::optional<Control>();
+    if (!control) {
+        throw StepFailure{u"missing", u"no control with the id " + id + u" in the window '" +
+                                          WindowTitle(current_) + u"'"};
+    }
+    return *control;
 }
 
 }  // namespace tarvex

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,6 +62,12 @@ std::u16string WindowClass(WindowHandle window);
 std::u16string WindowText(WindowHandle window);
 
 Window ReadWindow(WindowHandle window);
+
+/// Waits until the window's program takes its messages, two seconds at most.
+void AwaitAnswer(WindowHandle window);
+
+/// The first visible child, or child of a child, with that id.
+std::optional<Control> FindVisibleControl(WindowHandle window, std::int32_t id);
 
 /// Writes the window as one object.
 void WriteJson(Json& json, const Window& window);

@@ -132,6 +132,22 @@ Window ReadWindow(WindowHandle window) {
     return result;
 }
 
+void AwaitAnswer(WindowHandle window) {
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerMs, &answer);
+}
+
+std::optional<Control> FindVisibleControl(WindowHandle window, std::int32_t id) {
+    std::vector<WindowHandle> children;
+    EnumChildWindows(window, AddChild, reinterpret_cast<LPARAM>(&children));
+    for (const WindowHandle child : children) {
+        if (GetDlgCtrlID(child) == id && IsWindowVisible(child) != FALSE) {
+            return ReadControl(child);
+        }
+    }
+    return std::nullopt;
+}
+
 void WriteJson(Json& json, const Window& window) {
     json.Begin('{');
     json.Member("title", window.title).Member("class", window.className);
