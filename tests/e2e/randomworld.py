@@ -1,6 +1,7 @@
 """The worlds that the property tests draw, made real on a world's drive and described for
 `tarvexcf simulate`."""
 
+import fcntl
 import json
 import ntpath
 import random
@@ -54,11 +55,21 @@ def draw(generator, first, count, folder):
     return drawings
 
 
+def hold_office_keys(world, changes):
+    """All worlds have the keys of Office in common: while one changes them, no other is looked at.
+    To be closed at the end."""
+    lock = open(world.folder.parent / "office.lock", "w", encoding="ascii")
+    fcntl.flock(lock, fcntl.LOCK_EX if changes else fcntl.LOCK_SH)
+    return lock
+
+
 class RandomWorld:
     """A drawing on a world's drive, with registry keys of the test's own."""
 
     def __init__(self, world, drawing):
         self.world = world
+        has_office = any("\\Microsoft\\Office\\" in key for key, *_ in drawing.registry)
+        self._lock = hold_office_keys(world, has_office)
         self._native = configurator.Native()
         self._source = random.Random(drawing.seed)
         self._described = world.work / "pc"
@@ -177,3 +188,4 @@ class RandomWorld:
         tops = {key.partition("\\" + self.world.key)[0] + "\\" + self.world.key
                 for key in self._keys if self.world.key in key}
         self.world.remove_keys(*tops, *(key for key in self._keys if key.startswith(OFFICE)))
+        self._lock.close()

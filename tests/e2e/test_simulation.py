@@ -106,6 +106,7 @@ class Sample:
 
     def __init__(self, world, name):
         self.world = world
+        self._lock = randomworld.hold_office_keys(world, True)
         self.folder = world.work / "sample"
         self.folder.mkdir()
         self._keys = set()
@@ -149,6 +150,7 @@ class Sample:
         view = ["/reg:64"] if launcher.WIN64 else []
         for key in self._keys:
             launcher.wine("reg", "delete", key, "/f", *view)
+        self._lock.close()
 
 
 @pytest.mark.parametrize(

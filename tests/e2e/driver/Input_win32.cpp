@@ -17,8 +17,9 @@ constexpr NamedKey kNamedKeys[] = {
     {u"Enter", VK_RETURN},  {u"Tab", VK_TAB},       {u"Space", VK_SPACE},    {u"Up", VK_UP},
     {u"Down", VK_DOWN},     {u"Left", VK_LEFT},     {u"Right", VK_RIGHT},    {u"Home", VK_HOME},
     {u"End", VK_END},       {u"Delete", VK_DELETE}, {u"Backspace", VK_BACK}, {u"F1", VK_F1},
-    {u"F4", VK_F4},         {u"F5", VK_F5},         {u"F6", VK_F6},          {u"F10", VK_F10},
-    {u"Insert", VK_INSERT}, {u"PageUp", VK_PRIOR},  {u"PageDown", VK_NEXT},
+    {u"F4", VK_F4},         {u"F5", VK_F5},         {u"F6", VK_F6},          {u"F7", VK_F7},
+    {u"F8", VK_F8},         {u"F10", VK_F10},       {u"Insert", VK_INSERT},  {u"PageUp", VK_PRIOR},
+    {u"PageDown", VK_NEXT},
 };
 
 /// 0 when there is no such key.
