@@ -162,6 +162,12 @@ TEST(FormLayout, ColumnTakesTheLongestWord) {
     EXPECT_EQ(35 * 6 + 2, form.Places().rows[0].label.width);
 }
 
+TEST(FormLayout, LabelAboveAListKeepsRoomForWhatLettersReachOut) {
+    Form form;
+    form.Add({.kind = RowKind::List, .label = u"&Einträge"});
+    EXPECT_EQ(8 * 6 + 2, form.Places().rows[0].label.width);
+}
+
 TEST(FormLayout, ColumnOfLabelsIsAsWideAsAskedFor) {
     Form form;
     form.Add(Line(u"Ordner"));
