@@ -156,11 +156,13 @@ Settings Document::ChangesFrom(const Settings& stored) const {
 }
 
 bool Document::IsDirty() const {
-    const auto isRefused = [this](const auto& field) {
-        return !IsParked(field.first) && !Problem(field.first).empty();
+    const auto wouldBeLost = [this](const auto& field) {
+        const auto& [number, edited] = field;
+        return IsParked(number) ? !edited.text.empty() && edited.text != saved_.Value(number)
+                                : !Problem(number).empty();
     };
     return IsNew() || !Changes().Entries().empty() ||
-           std::any_of(edited_.begin(), edited_.end(), isRefused);
+           std::any_of(edited_.begin(), edited_.end(), wouldBeLost);
 }
 
 void Document::SetSaved(DocumentFile file, Settings saved) {

@@ -87,7 +87,8 @@ public:
     /// The same for a file that holds these values meanwhile.
     Settings ChangesFrom(const Settings& stored) const;
 
-    /// True when there is something that would be lost: a text that its field cannot take, too.
+    /// True when there is something that would be lost: a text that its field cannot take, and one
+    /// that was entered and is parked, too.
     bool IsDirty() const;
     bool IsNew() const { return !file_.source.empty(); }
 

@@ -340,5 +340,14 @@ TEST_F(DocumentTest, AnotherIconOfTheSameNameIsAChange) {
     EXPECT_FALSE(document_.IsDirty());
 }
 
+TEST_F(DocumentTest, EnteredTextThatIsParkedWouldBeLost) {
+    document_.SetText(kFieldDBPath, u"Daten");
+    document_.SetParked({kFieldDBPath}, true);
+    EXPECT_TRUE(document_.Changes().Entries().empty());
+    EXPECT_TRUE(document_.IsDirty());
+    document_.SetText(kFieldDBPath, u"");
+    EXPECT_FALSE(document_.IsDirty());
+}
+
 }  // namespace
 }  // namespace tarvex
