@@ -47,6 +47,20 @@ LOGFONTW SmallFont(LOGFONTW font, int dpi) {
     return font;
 }
 
+LOGFONTW Description(FormFont font, int dpi) {
+    const LOGFONTW message = MessageFont(dpi);
+    switch (font) {
+        case FormFont::Small:
+            return SmallFont(message, dpi);
+        case FormFont::Heading:
+            return HeadingFont(message);
+        case FormFont::Fixed:
+            return FixedFont(message);
+        default:
+            return message;
+    }
+}
+
 /// Selects a font into the device context of the screen for the time of a block.
 class FontOnScreen {
 public:
@@ -63,17 +77,20 @@ private:
 
 }  // namespace
 
-FormFonts::FormFonts(int dpi) : dpi_(dpi) {
-    const LOGFONTW message = MessageFont(dpi);
-    const std::array<LOGFONTW, 4> descriptions = {message, SmallFont(message, dpi),
-                                                  HeadingFont(message), FixedFont(message)};
-    for (std::size_t i = 0; i < fonts_.size(); ++i) {
-        fonts_[i].handle = UniqueFont(CreateFontIndirectW(&descriptions[i]));
-        const FontOnScreen screen(fonts_[i].handle.Get());
+FormFonts::FormFonts(int dpi) : dpi_(dpi) {}
+
+// The first use of a font takes the system longer than anything else at the start of the window.
+const FormFonts::Entry& FormFonts::At(FormFont font) const {
+    Entry& entry = fonts_[static_cast<std::size_t>(font)];
+    if (!entry.handle) {
+        const LOGFONTW description = Description(font, dpi_);
+        entry.handle = UniqueFont(CreateFontIndirectW(&description));
+        const FontOnScreen screen(entry.handle.Get());
         TEXTMETRICW metrics{};
         GetTextMetricsW(screen.Get(), &metrics);
-        fonts_[i].lineHeight = static_cast<int>(metrics.tmHeight);
+        entry.lineHeight = static_cast<int>(metrics.tmHeight);
     }
+    return entry;
 }
 
 int FormFonts::TextWidth(FormFont font, std::u16string_view text) const {

@@ -36,11 +36,11 @@ private:
         int height;
     };
 
-    const Entry& At(FormFont font) const { return fonts_[static_cast<std::size_t>(font)]; }
+    const Entry& At(FormFont font) const;
     Extent Measured(FormFont font, std::u16string_view text, int width) const;
 
     int dpi_;
-    std::array<Entry, 4> fonts_;
+    mutable std::array<Entry, 4> fonts_;  // made when they are first needed
     // A form measures the same texts with every key that is pressed in it.
     mutable std::map<std::tuple<FormFont, int, std::u16string>, Extent> measured_;
 };

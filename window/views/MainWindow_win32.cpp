@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -247,29 +248,40 @@ bool MainWindow::CreateControls() {
     form_.onFailure = [this](std::exception_ptr failure) {
         Do([&failure] { std::rethrow_exception(failure); });
     };
-    const bool created =
-        toolBar_.Create(window) &&
-        search_.Create(window,
-                       {[this](const std::u16string& text) { return model_.Find(text); },
-                        [this](std::size_t hit) { Do([this, hit] { model_.GoToHit(hit); }); }}) &&
-        pages_.Create(window) && form_.Create(window, dpi_, true) &&
-        pane_.Create(window, {[this](std::int32_t pc) { Do([this, pc] { model_.ChoosePc(pc); }); },
-                              [this] { Do([this] { model_.ToggleFindings(); }); },
-                              [this](std::size_t finding) {
-                                  Do([this, finding] { model_.GoToFinding(finding); });
-                              }});
-    if (!created) {
+    if (!toolBar_.Create(window) || !form_.Create(window, dpi_, true)) {
         return false;
     }
     status_ =
         CreateWindowExW(0, L"msctls_statusbar32", L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
                         0, 0, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusId)),
                         GetModuleHandleW(nullptr), nullptr);
-    worker_.emplace(window, kPreviewDone, RunSystemPreview);
     SetFonts(WindowDpi(window));
-    SetTimer(window, kTimer, kTick, nullptr);
     Refresh();
     return status_ != nullptr;
+}
+
+/// What the start page does without: the window shows sooner.
+void MainWindow::CreateDocumentParts() {
+    const HWND window = Window();
+    hasDocumentParts_ =
+        search_.Create(window,
+                       {[this](const std::u16string& text) { return model_.Find(text); },
+                        [this](std::size_t hit) { Do([this, hit] { model_.GoToHit(hit); }); }}) &&
+        pages_.Create(window) &&
+        // Tab goes from control to control in this order.
+        SetWindowPos(form_.Window(), HWND_BOTTOM, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE) != FALSE &&
+        pane_.Create(window, {[this](std::int32_t pc) { Do([this, pc] { model_.ChoosePc(pc); }); },
+                              [this] { Do([this] { model_.ToggleFindings(); }); },
+                              [this](std::size_t finding) {
+                                  Do([this, finding] { model_.GoToFinding(finding); });
+                              }});
+    if (!hasDocumentParts_) {
+        throw std::runtime_error("no more windows");
+    }
+    worker_.emplace(window, kPreviewDone, RunSystemPreview);
+    SetFonts(dpi_);
+    SetTimer(window, kTimer, kTick, nullptr);
 }
 
 void MainWindow::SetFonts(int dpi) {
@@ -277,9 +289,11 @@ void MainWindow::SetFonts(int dpi) {
     auto fonts = std::make_unique<FormFonts>(dpi);
     const HFONT normal = fonts->Font(FormFont::Normal);
     toolBar_.SetFont(normal);
-    search_.SetFont(normal, dpi);
-    pages_.SetFont(normal, dpi);
-    pane_.SetFonts(normal, fonts->Font(FormFont::Fixed));
+    if (hasDocumentParts_) {
+        search_.SetFont(normal, dpi);
+        pages_.SetFont(normal, dpi);
+        pane_.SetFonts(normal, fonts->Font(FormFont::Fixed));
+    }
     SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(normal), TRUE);
     SendMessageW(status_, WM_SIZE, 0, 0);
     form_.SetDpi(dpi);
@@ -307,19 +321,20 @@ void MainWindow::PlaceControls() {
     const int toolsTop = (barHeight - static_cast<int>(tools.cy)) / 2;
     toolBar_.Place({gap, toolsTop, gap + tools.cx, toolsTop + tools.cy});
     const int searchTop = (barHeight - searchHeight) / 2;
-    search_.Place({gap + tools.cx, searchTop, width - gap, searchTop + searchHeight});
-
-    const bool hasDocument = model_.HasDocument();
-    const int paneHeight = hasDocument ? PaneHeight(bottom - barHeight) : 0;
-    const int splitterHeight = hasDocument ? Scaled(kSplitterHeight, dpi_) : 0;
-    const int pagesWidth = hasDocument ? Scaled(kPagesWidth, dpi_) : 0;
-    const int pageHeight = std::max(bottom - paneHeight - splitterHeight - barHeight, 0);
-    MoveWindow(pages_.Control(), 0, barHeight, pagesWidth, pageHeight, TRUE);
-    MoveWindow(form_.Window(), pagesWidth, barHeight, width - pagesWidth, pageHeight, TRUE);
-    const int paneTop = bottom - paneHeight;
-    splitter_.Place(model_.IsPreviewFolded() ? RECT{}
-                                             : RECT{0, paneTop - splitterHeight, width, paneTop});
-    pane_.Place({0, paneTop, width, bottom}, dpi_);
+    if (hasDocumentParts_) {
+        search_.Place({gap + tools.cx, searchTop, width - gap, searchTop + searchHeight});
+        const int pagesWidth = Scaled(kPagesWidth, dpi_);
+        const int splitterHeight = Scaled(kSplitterHeight, dpi_);
+        const int paneTop = bottom - PaneHeight(bottom - barHeight);
+        const int pageHeight = std::max(paneTop - splitterHeight - barHeight, 0);
+        MoveWindow(pages_.Control(), 0, barHeight, pagesWidth, pageHeight, TRUE);
+        MoveWindow(form_.Window(), pagesWidth, barHeight, width - pagesWidth, pageHeight, TRUE);
+        splitter_.Place(
+            model_.IsPreviewFolded() ? RECT{} : RECT{0, paneTop - splitterHeight, width, paneTop});
+        pane_.Place({0, paneTop, width, bottom}, dpi_);
+    } else {
+        MoveWindow(form_.Window(), 0, barHeight, width, bottom - barHeight, TRUE);
+    }
     RedrawWindow(Window(), nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
@@ -350,7 +365,10 @@ void MainWindow::Refresh() {
         shownStatus_ = model_.Status();
         SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(Wide(shownStatus_)));
     }
-    pages_.Show(model_.PageLines(), static_cast<int>(model_.CurrentPage()));
+    const bool isNew = model_.HasDocument() && !hasDocumentParts_;
+    if (isNew) {
+        CreateDocumentParts();
+    }
     if (&model_.Form() != shownForm_) {
         shownForm_ = &model_.Form();
         form_.SetLabelColumn(model_.HasDocument() ? CommonLabelColumn(*fonts_) : 0);
@@ -358,28 +376,19 @@ void MainWindow::Refresh() {
     } else {
         form_.Refresh();
     }
-    pane_.Show(model_.Pane());
     toolBar_.Enable([this](Command command) { return model_.IsEnabled(command); });
-    ShowParts();
+    if (hasDocumentParts_) {
+        pages_.Show(model_.PageLines(), static_cast<int>(model_.CurrentPage()));
+        pane_.Show(model_.Pane());
+        if (isNew || model_.IsPreviewFolded() != shownFolded_) {
+            shownFolded_ = model_.IsPreviewFolded();
+            pane_.SetFolded(shownFolded_);
+            PlaceControls();
+        }
+    }
     if (const std::optional<Destination> destination = model_.TakeDestination()) {
         GoTo(*destination);
     }
-}
-
-/// The start page stands alone.
-void MainWindow::ShowParts() {
-    const bool hasDocument = model_.HasDocument();
-    const bool folded = model_.IsPreviewFolded();
-    if (hasDocument == shownDocument_ && folded == shownFolded_ && arePartsShown_) {
-        return;
-    }
-    arePartsShown_ = true;
-    shownDocument_ = hasDocument;
-    shownFolded_ = folded;
-    ShowWindow(pages_.Control(), hasDocument ? SW_SHOWNA : SW_HIDE);
-    search_.SetVisible(hasDocument);
-    pane_.SetVisible(hasDocument, folded);
-    PlaceControls();
 }
 
 void MainWindow::GoTo(const Destination& destination) {

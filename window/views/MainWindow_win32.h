@@ -39,6 +39,7 @@ protected:
 
 private:
     bool CreateControls();
+    void CreateDocumentParts();
     RECT StartPlace() const;
     void KeepPlace();
     void SetFonts(int dpi);
@@ -50,7 +51,6 @@ private:
     template <class Action>
     void Do(const Action& action);
     void Refresh();
-    void ShowParts();
     void GoTo(const Destination& destination);
 
     bool Translate(MSG& message);
@@ -83,9 +83,8 @@ private:
     std::u16string shownTitle_;
     std::u16string shownStatus_;
     FormModel* shownForm_ = nullptr;
-    bool shownDocument_ = false;
     bool shownFolded_ = false;
-    bool arePartsShown_ = false;
+    bool hasDocumentParts_ = false;
 };
 
 }  // namespace tarvex

@@ -145,8 +145,7 @@ void PreviewPane::Show(const PreviewPaneState& state) {
     }
 }
 
-void PreviewPane::SetVisible(bool visible, bool folded) {
-    visible_ = visible;
+void PreviewPane::SetFolded(bool folded) {
     folded_ = folded;
     ShowParts();
 }
@@ -155,11 +154,8 @@ void PreviewPane::ShowParts() const {
     const auto show = [](HWND control, bool visible) {
         ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
     };
-    for (const HWND control : {label_, pcs_, line_, button_}) {
-        show(control, visible_);
-    }
-    show(text_, visible_ && !folded_ && !state_.showsFindings);
-    show(findings_, visible_ && !folded_ && state_.showsFindings);
+    show(text_, !folded_ && !state_.showsFindings);
+    show(findings_, !folded_ && state_.showsFindings);
 }
 
 void PreviewPane::ShowPcs() {

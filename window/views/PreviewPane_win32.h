@@ -39,7 +39,7 @@ public:
     void Show(const PreviewPaneState& state);
 
     /// Folded it shows its first line only.
-    void SetVisible(bool visible, bool folded);
+    void SetFolded(bool folded);
 
     /// The control to begin with when the user goes to the pane.
     HWND First() const { return pcs_; }
@@ -78,7 +78,6 @@ private:
     HWND findings_ = nullptr;
     HFONT font_ = nullptr;
     bool hasState_ = false;
-    bool visible_ = false;
     bool folded_ = false;
 };
 

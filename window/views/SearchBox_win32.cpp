@@ -65,13 +65,6 @@ void SearchBox::Place(const RECT& row) {
                  SWP_NOACTIVATE);
 }
 
-void SearchBox::SetVisible(bool visible) const {
-    for (const HWND control : {label_, edit_}) {
-        ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
-    }
-    CloseList();
-}
-
 void SearchBox::Focus() const {
     SetFocus(edit_);
     SendMessageW(edit_, EM_SETSEL, 0, -1);

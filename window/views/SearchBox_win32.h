@@ -30,8 +30,6 @@ public:
     /// The box with its label at the right end of the row; the list opens below it.
     void Place(const RECT& row);
 
-    void SetVisible(bool visible) const;
-
     /// Brings the focus to the box, its text selected.
     void Focus() const;
     void CloseList() const;
