@@ -5,6 +5,7 @@ import contextlib
 import json
 import os
 import pathlib
+import shutil
 
 import pytest
 
@@ -101,14 +102,22 @@ def test_edited_launcher_is_previewed_as_it_will_be_once_saved(world):
 
 
 @contextlib.contextmanager
-def kept_pc_folder(world, folder):
-    """The folder at which the window's dialog for described PCs begins, as if it had been chosen
-    the last time. Nobody else's window may write there meanwhile."""
+def described_pcs(world):
+    """The described PCs of the samples where the system's dialog for folders begins: on the desktop,
+    since Wine's does not always go where it is told. Nobody else's window may write there
+    meanwhile."""
+    users = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "users")
+    (user,) = (folder.name for folder in users.iterdir() if folder.name != "Public")
+    desktop = users / user / "Desktop"
+    desktop.mkdir(exist_ok=True)
+    copies = [shutil.copy(file, desktop) for file in sorted((SAMPLES / "pcs").iterdir())]
     value = [r"HKCU\Software\Tarvex\Konfiguration", "/v", "PCs", "/f"]
     with world.screen(()):
-        launcher.wine("reg", "add", *value, "/d", folder)
+        launcher.wine("reg", "add", *value, "/d", rf"C:\users\{user}\Desktop")
         yield
         launcher.wine("reg", "delete", *value)
+    for copy in copies:
+        pathlib.Path(copy).unlink()
 
 
 def choose_folder(window):
@@ -127,7 +136,7 @@ def test_described_pc_is_previewed_as_the_command_line_simulates_it(world):
     settings = SAMPLES / "kunden" / "Kunden.ini"
     result = configurator.Native().run(world.work, *brand, "--settings", settings)
     assert result.code == 0, result
-    with kept_pc_folder(world, launcher.windows_path(SAMPLES / "pcs")):
+    with described_pcs(world):
         with ConfigWindow(world, world.exe) as window:
             assert pcs(window) == ["dieser PC", "PC-Beschreibungen wählen…"]
             window.do(("select", PC, 1))
