@@ -16,9 +16,9 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM first, LPARAM) {
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     constexpr INITCOMMONCONTROLSEX kClasses = {sizeof kClasses, ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&kClasses);
-    DialogBoxParamW(instance, MAKEINTRESOURCEW(IDD_BARE), nullptr, Procedure, 0);
+    DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_BARE), nullptr, Procedure, 0);
     return 0;
 }
