@@ -76,7 +76,7 @@ PreviewPaneState PreviewModel::Pane(const PcChoice& pcs) const {
     PreviewPaneState pane;
     pane.pcs = pcs.Lines();
     pane.pc = pcs.Selected();
-    pane.isOld = isOld_;
+    pane.isOld = isOld_ || wanted_;
     if (result_) {
         pane.commandLine = result_->commandLine;
         pane.text = result_->text;

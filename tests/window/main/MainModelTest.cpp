@@ -105,6 +105,7 @@ TEST_F(MainModelTest, PreviewIsShownAndGoesOldWithAChange) {
     EXPECT_EQ(model_.Pane().text, u"Protokoll\r\n");
     EXPECT_FALSE(model_.Pane().isOld);
     model_.Form().SetText(kFieldAppName, u"Artikel");
+    EXPECT_TRUE(model_.Pane().isOld);
     EXPECT_TRUE(model_.SetPreviewState(false, false));
     EXPECT_TRUE(model_.Pane().isOld);
     EXPECT_FALSE(model_.SetPreviewState(true, false));
