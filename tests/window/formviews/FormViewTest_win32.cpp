@@ -651,7 +651,7 @@ TEST_F(FormViewTest, FailuresOfTheModelAreHandedOn) {
     form.rows = {{.kind = RowKind::Buttons, .buttons = {{11, u"Neu"}}}};
     form.raises = true;
     std::string failure;
-    view.onFailure = [&](std::exception_ptr raised) {
+    view.onFailure = [&](const std::exception_ptr& raised) {
         try {
             std::rethrow_exception(raised);
         } catch (const std::exception& exception) {

@@ -38,14 +38,13 @@ protected:
         const std::array<std::u16string, 4> texts = {u"Daten", u"..", u".", Program(u"Daten\\")};
         for (std::size_t i = 0; i < texts.size(); ++i) {
             const std::u16string name = text::Decimal(static_cast<int>(i));
+            const std::size_t bytes = (texts[i].size() + 1) * sizeof(char16_t);
             RegSetValueExW(key, Wide(name), 0, REG_SZ,
                            reinterpret_cast<const BYTE*>(texts[i].c_str()),
-                           static_cast<DWORD>((texts[i].size() + 1) * sizeof(char16_t)));
+                           static_cast<DWORD>(bytes));
         }
         RegCloseKey(key);
     }
-    PreviewOnThisPcTest(const PreviewOnThisPcTest&) = delete;
-    PreviewOnThisPcTest& operator=(const PreviewOnThisPcTest&) = delete;
     ~PreviewOnThisPcTest() override { RegDeleteKeyW(HKEY_CURRENT_USER, kKey); }
 
     std::u16string Program(std::u16string_view name) const {

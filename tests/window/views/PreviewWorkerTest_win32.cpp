@@ -37,8 +37,6 @@ protected:
     PreviewWorkerTest()
         : window_(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
                                   nullptr)) {}
-    PreviewWorkerTest(const PreviewWorkerTest&) = delete;
-    PreviewWorkerTest& operator=(const PreviewWorkerTest&) = delete;
     ~PreviewWorkerTest() override {
         SetEvent(server_->answers);
         worker_.reset();
