@@ -30,7 +30,6 @@ public:
     void SetText(std::int32_t id, std::u16string_view text) override;
     void SetChecked(std::int32_t id, bool checked) override;
     void Select(std::int32_t id, std::int32_t index) override;
-    void Press(std::int32_t) override {}
     bool Accept() override;
 
 private:

@@ -37,7 +37,6 @@ public:
     RowState State(std::int32_t id) const override;
     void SetText(std::int32_t id, std::u16string_view text) override;
     void SetChecked(std::int32_t /*id*/, bool checked) override { withSecrets_ = checked; }
-    void Select(std::int32_t /*id*/, std::int32_t /*index*/) override {}
     void Press(std::int32_t buttonId) override;
     bool Accept() override;
 

@@ -29,10 +29,8 @@ public:
 
     const std::vector<FormRow>& Rows() const override { return rows_; }
     RowState State(std::int32_t id) const override;
-    void SetText(std::int32_t /*id*/, std::u16string_view /*text*/) override {}
     void SetChecked(std::int32_t id, bool checked) override;
     void Select(std::int32_t id, std::int32_t index) override;
-    void Press(std::int32_t /*buttonId*/) override {}
 
 private:
     void Compare();

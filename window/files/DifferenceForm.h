@@ -21,10 +21,7 @@ public:
 
     const std::vector<FormRow>& Rows() const override { return rows_; }
     RowState State(std::int32_t id) const override;
-    void SetText(std::int32_t /*id*/, std::u16string_view /*text*/) override {}
-    void SetChecked(std::int32_t /*id*/, bool /*checked*/) override {}
     void Select(std::int32_t /*id*/, std::int32_t index) override { selected_ = index; }
-    void Press(std::int32_t /*buttonId*/) override {}
 
 private:
     std::vector<FormRow> rows_;

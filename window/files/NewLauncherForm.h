@@ -45,8 +45,6 @@ public:
     /// The first one that is still empty, else the name.
     std::int32_t FirstRow() const override;
     void SetText(std::int32_t id, std::u16string_view text) override;
-    void SetChecked(std::int32_t /*id*/, bool /*checked*/) override {}
-    void Select(std::int32_t /*id*/, std::int32_t /*index*/) override {}
     void Press(std::int32_t buttonId) override;
     bool Accept() override;
 

@@ -78,14 +78,16 @@ public:
     /// Id of the row in which the user of a dialog begins; 0: the first one.
     virtual std::int32_t FirstRow() const { return 0; }
 
-    virtual void SetText(std::int32_t id, std::u16string_view text) = 0;
-    virtual void SetChecked(std::int32_t id, bool checked) = 0;
+    // A form that has no such control need not care.
+
+    virtual void SetText(std::int32_t /*id*/, std::u16string_view /*text*/) {}
+    virtual void SetChecked(std::int32_t /*id*/, bool /*checked*/) {}
 
     /// A line of a Choice or List was chosen; -1: none.
-    virtual void Select(std::int32_t id, std::int32_t index) = 0;
+    virtual void Select(std::int32_t /*id*/, std::int32_t /*index*/) {}
 
     /// A button was pressed, here or by its key.
-    virtual void Press(std::int32_t buttonId) = 0;
+    virtual void Press(std::int32_t /*buttonId*/) {}
 
     /// Takes back the last change of that row. False when there is none: the control does what it
     /// does by itself then.

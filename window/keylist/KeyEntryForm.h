@@ -45,9 +45,7 @@ public:
     const std::vector<FormRow>& Rows() const override { return rows_; }
     RowState State(std::int32_t id) const override;
     void SetText(std::int32_t id, std::u16string_view text) override;
-    void SetChecked(std::int32_t, bool) override {}
     void Select(std::int32_t id, std::int32_t index) override;
-    void Press(std::int32_t) override {}
     bool Accept() override;
 
 private:

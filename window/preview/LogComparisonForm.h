@@ -29,8 +29,6 @@ public:
 
     const std::vector<FormRow>& Rows() const override { return rows_; }
     RowState State(std::int32_t id) const override;
-    void SetText(std::int32_t, std::u16string_view) override {}
-    void SetChecked(std::int32_t, bool) override {}
     void Select(std::int32_t id, std::int32_t index) override;
     void Press(std::int32_t buttonId) override;
 
