@@ -362,9 +362,7 @@ void MainModel::ReplaceTexts() {
 }
 
 void MainModel::ShowPageHelp() {
-    const Page& page = Pages()[page_];
-    TellUser(services_.files.dialogs, BoxIcon::Information,
-             text::Replace(page.help, text::kLineBreak, u"\n"));
+    TellUser(services_.files.dialogs, BoxIcon::Information, Pages()[page_].help);
 }
 
 }  // namespace tarvex

@@ -13,7 +13,7 @@ namespace tarvex {
 /// that field.
 struct Page {
     std::u16string_view title;  ///< in the list of pages
-    std::u16string_view help;   ///< German, for F1; lines separated by CR LF
+    std::u16string_view help;   ///< German, for F1; lines separated by "\n"
     std::vector<FormRow> rows;
 };
 

@@ -10,13 +10,13 @@ Page ApplicationPage() {
     page.title = u"Anwendung";
     page.help =
         u"Hier steht, wie Ihre Anwendung heißt. Der Name erscheint in den Titeln der Meldungen und "
-        u"Fenster des Startprogramms; ohne ihn steht dort der Name der Programmdatei.\r\n"
-        u"\r\n"
+        u"Fenster des Startprogramms; ohne ihn steht dort der Name der Programmdatei.\n"
+        u"\n"
         u"Die Kennung erscheint nur im Diagnosebericht. An ihr erkennen Sie am Telefon, welche "
-        u"Konfiguration ein Kunde hat.\r\n"
-        u"\r\n"
-        u"Beispiel: Name Kundenverwaltung, Kennung KD-2004-1\r\n"
-        u"\r\n"
+        u"Konfiguration ein Kunde hat.\n"
+        u"\n"
+        u"Beispiel: Name Kundenverwaltung, Kennung KD-2004-1\n"
+        u"\n"
         u"Relative Pfade gelten überall vom Ordner des Startprogramms aus, der oben steht.";
     page.rows = {
         HeadingRow(u"Anwendung"),
@@ -33,15 +33,15 @@ Page OptionsPage() {
     page.title = u"Startoptionen";
     page.help =
         u"Hier steht, wie Access die Datenbank öffnet. Jeder Schalter wird Access auf der "
-        u"Befehlszeile übergeben; was die Vorschau unten zeigt, wird so ausgeführt.\r\n"
-        u"\r\n"
+        u"Befehlszeile übergeben; was die Vorschau unten zeigt, wird so ausgeführt.\n"
+        u"\n"
         u"Laufzeitmodus, Schreibschutz, Komprimieren, Reparieren, Dekompilieren, Makro und "
         u"Befehlstext brauchen eine Datenbank; wird keine gefunden, meldet das Startprogramm einen "
         u"Fehler. Komprimieren und Reparieren kann man auch für einen einzelnen Start verlangen: "
-        u"Kunden.exe /Compact\r\n"
-        u"\r\n"
-        u"Den Befehlstext liest die Datenbank mit der Funktion Command.\r\n"
-        u"\r\n"
+        u"Kunden.exe /Compact\n"
+        u"\n"
+        u"Den Befehlstext liest die Datenbank mit der Funktion Command.\n"
+        u"\n"
         u"Beispiel: Makro Autostart, Befehlstext Mandant 1";
     page.rows = {
         HeadingRow(u"Startoptionen"),
@@ -63,12 +63,12 @@ Page ErrorsPage() {
     page.title = u"Fehlermeldungen";
     page.help =
         u"Hier steht, was Ihr Benutzer liest, wenn ein Start misslingt. Die Texte stehen "
-        u"zusätzlich "
-        u"zu dem, was das Startprogramm selbst meldet: der erste im Fehlerfenster, der zweite über "
-        u"den Einzelheiten, die erst auf Wunsch erscheinen. Sie dürfen mehrere Zeilen haben.\r\n"
-        u"\r\n"
-        u"Beispiel: Bitte wenden Sie sich an Ihre EDV-Abteilung, Telefon 0711 / 12 34 56.\r\n"
-        u"\r\n"
+        u"zusätzlich zu dem, was das Startprogramm selbst meldet: der erste im Fehlerfenster, der "
+        u"zweite über "
+        u"den Einzelheiten, die erst auf Wunsch erscheinen. Sie dürfen mehrere Zeilen haben.\n"
+        u"\n"
+        u"Beispiel: Bitte wenden Sie sich an Ihre EDV-Abteilung, Telefon 0711 / 12 34 56.\n"
+        u"\n"
         u"Mit einem Hilfethema bekommt das Fehlerfenster eine Schaltfläche für die Hilfe, sofern "
         u"neben dem Startprogramm eine Hilfedatei (.chm oder .hlp) mit seinem Namen liegt. "
         u"Angegeben wird die Nummer des Themas, etwa 100.";
@@ -85,11 +85,11 @@ Page DiagnosisPage() {
     Page page;
     page.title = u"Diagnose";
     page.help =
-        u"Hier steht, was Ihnen bei der Suche nach Fehlern hilft.\r\n"
-        u"\r\n"
+        u"Hier steht, was Ihnen bei der Suche nach Fehlern hilft.\n"
+        u"\n"
         u"Mit der Protokolldatei schreibt Kunden.exe jeden Start und jeden Fehler in Kunden.log "
-        u"neben sich. Kann die Datei nicht geschrieben werden, startet Access trotzdem.\r\n"
-        u"\r\n"
+        u"neben sich. Kann die Datei nicht geschrieben werden, startet Access trotzdem.\n"
+        u"\n"
         u"Den Diagnosebericht zeigt das Startprogramm mit dem Schalter /D. Ist ein Kennwort "
         u"angegeben, muss es dahinter stehen: Kunden.exe /D Diagnose. Es darf kein Leerzeichen und "
         u"kein / enthalten, sonst lässt es sich nicht eingeben; Groß- und Kleinschreibung zählt.";
@@ -106,12 +106,12 @@ Page ProgramPage() {
     page.title = u"Programmdatei";
     page.help =
         u"Hier bekommt die Programmdatei Ihr Symbol und Ihre Texte. Windows zeigt sie im Explorer, "
-        u"unter Eigenschaften, und im Task-Manager. Was leer bleibt, ist wie in der Vorlage.\r\n"
-        u"\r\n"
+        u"unter Eigenschaften, und im Task-Manager. Was leer bleibt, ist wie in der Vorlage.\n"
+        u"\n"
         u"Das Symbol ist eine .ico-Datei. Sie sollte die Größen 16, 32 und 48 mit 32 Bit Farbtiefe "
         u"enthalten, die Größe 256 als PNG. Ist das Symbol schon im Programm, nennt das Feld die "
-        u"Größen seiner Bilder.\r\n"
-        u"\r\n"
+        u"Größen seiner Bilder.\n"
+        u"\n"
         u"Versionen beginnen mit bis zu vier Zahlen, dahinter darf Text stehen: 3.1.0 oder "
         u"3.1 Beta. Alle Texte zusammen haben begrenzten Platz; reicht er nicht, sagt es die "
         u"Prüfung beim Speichern.";
