@@ -5,6 +5,7 @@
 #include "platform/win32/Dpi.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
+#include "window/formviews/ChildControl_win32.h"
 
 namespace tarvex {
 
@@ -99,10 +100,8 @@ void DialogWindow::RunLoop() {
 bool DialogWindow::CreateButtons() {
     for (const Button& button : frame_.buttons) {
         const DWORD style = buttons_.empty() ? BS_DEFPUSHBUTTON | WS_GROUP : BS_PUSHBUTTON;
-        const HWND window = CreateWindowExW(
-            0, L"BUTTON", Wide(button.caption), style | WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0,
-            0, Window(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(button.id)),
-            GetModuleHandleW(nullptr), nullptr);
+        const HWND window = CreateChild(Window(), L"BUTTON", button.caption,
+                                        style | WS_VISIBLE | WS_TABSTOP, button.id);
         if (window == nullptr) {
             return false;
         }

@@ -4,6 +4,7 @@
 
 #include "platform/win32/WideText.h"
 #include "text/Text.h"
+#include "window/formviews/ChildControl_win32.h"
 #include "window/formviews/ListControl_win32.h"
 
 namespace tarvex {
@@ -32,13 +33,6 @@ void Listen(HWND control) {
     SetWindowLongPtrW(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ControlProcedure));
 }
 
-std::u16string TextOf(HWND window) {
-    std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, u'\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextW(window, Wide(text), static_cast<int>(text.size()))));
-    return text;
-}
-
 /// A control takes a zero for the end of the text.
 std::u16string WithoutZeros(std::u16string text) {
     std::replace(text.begin(), text.end(), u'\0', u' ');
@@ -48,7 +42,7 @@ std::u16string WithoutZeros(std::u16string text) {
 /// Returns whether that was a change.
 bool SetTextIfOther(HWND window, const std::u16string& text) {
     const std::u16string shown = WithoutZeros(text);
-    if (TextOf(window) == shown) {
+    if (ControlText(window) == shown) {
         return false;
     }
     SetWindowTextW(window, Wide(shown));
@@ -104,9 +98,7 @@ FormControls::FormControls(const FormRow& row, HWND parent, const FormFonts& fon
 
 HWND FormControls::Create(const wchar_t* className, std::u16string_view text, DWORD style, int id,
                           DWORD extendedStyle) {
-    return CreateWindowExW(extendedStyle, className, Wide(std::u16string(text)), style | WS_CHILD,
-                           0, 0, 0, 0, parent_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                           GetModuleHandleW(nullptr), nullptr);
+    return CreateChild(parent_, className, text, style, id, extendedStyle);
 }
 
 void FormControls::CreateLabel() {
@@ -400,7 +392,7 @@ void FormControls::ToggleReveal() {
 }
 
 std::u16string FormControls::Text() const {
-    return TextOf(control_);
+    return ControlText(control_);
 }
 
 std::int32_t FormControls::Selected() const {
@@ -412,7 +404,7 @@ std::int32_t FormControls::Selected() const {
 AccessibleTexts FormControls::TextsForReaders(HWND control) const {
     const std::u16string label = WithoutAccessKey(row_->label);
     if (control == reveal_) {
-        return {label + u" " + TextOf(reveal_), {}};
+        return {label + u" " + ControlText(reveal_), {}};
     }
     if (const FormButton* const button = ButtonOf(control)) {
         return {button->name, {}};

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/win32/WideText.h"
+#include "window/formviews/ChildControl_win32.h"
 
 namespace tarvex::list_control {
 
@@ -57,12 +58,9 @@ int NeededWidth(HWND list, int column) {
 HWND Create(HWND parent, const std::vector<std::u16string>& columns, int id) {
     const bool hasHeaders = std::any_of(columns.begin(), columns.end(),
                                         [](const std::u16string& text) { return !text.empty(); });
-    const DWORD style = WS_CHILD | WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_SINGLESEL |
-                        LVS_SHOWSELALWAYS | LVS_NOSORTHEADER |
-                        (hasHeaders ? 0 : LVS_NOCOLUMNHEADER);
-    const HWND list = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"", style, 0, 0, 0, 0,
-                                      parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                                      GetModuleHandleW(nullptr), nullptr);
+    const DWORD style = WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
+                        LVS_NOSORTHEADER | (hasHeaders ? 0 : LVS_NOCOLUMNHEADER);
+    const HWND list = CreateChild(parent, WC_LISTVIEWW, u"", style, id, WS_EX_CLIENTEDGE);
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
                  LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | kDoubleBuffer);
     for (std::size_t i = 0; i < std::max<std::size_t>(columns.size(), 1); ++i) {

@@ -4,6 +4,7 @@
 
 #include "platform/win32/WideText.h"
 #include "text/Text.h"
+#include "window/formviews/ChildControl_win32.h"
 
 namespace tarvex {
 
@@ -58,13 +59,9 @@ std::int32_t QuestionBox::Ask() {
 }
 
 bool QuestionBox::CreateContent() {
-    const auto create = [&](const std::u16string& text, DWORD style) {
-        return CreateWindowExW(0, L"STATIC", Wide(text), style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
-                               Window(), nullptr, GetModuleHandleW(nullptr), nullptr);
-    };
-    icon_ = create({}, SS_OWNERDRAW);
-    text_ = create(text::Replace(question_.text, u"\n", u"\r\n"),
-                   SS_LEFT | SS_NOPREFIX | SS_EDITCONTROL);
+    icon_ = CreateChild(Window(), L"STATIC", u"", WS_VISIBLE | SS_OWNERDRAW);
+    text_ = CreateChild(Window(), L"STATIC", text::Replace(question_.text, u"\n", u"\r\n"),
+                        WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_EDITCONTROL);
     if (icon_ == nullptr || text_ == nullptr) {
         return false;
     }

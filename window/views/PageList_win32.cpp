@@ -2,6 +2,7 @@
 
 #include "platform/win32/Dpi.h"
 #include "platform/win32/WideText.h"
+#include "window/formviews/ChildControl_win32.h"
 
 namespace tarvex {
 
@@ -14,15 +15,11 @@ constexpr std::u16string_view kMark = u"(!)";
 }  // namespace
 
 bool PageList::Create(HWND window) {
-    const HINSTANCE program = GetModuleHandleW(nullptr);
     // Hidden, but a screen reader takes it for the name of the list.
-    CreateWindowExW(0, L"STATIC", L"Seiten", WS_CHILD, 0, 0, 0, 0, window, nullptr, program,
-                    nullptr);
-    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_HASSTRINGS |
+    CreateChild(window, L"STATIC", u"Seiten", 0);
+    constexpr DWORD kStyle = WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_HASSTRINGS |
                              LBS_OWNERDRAWFIXED | LBS_NOINTEGRALHEIGHT;
-    list_ = CreateWindowExW(0, L"LISTBOX", L"Seiten", kStyle, 0, 0, 0, 0, window,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPageListId)), program,
-                            nullptr);
+    list_ = CreateChild(window, L"LISTBOX", u"Seiten", kStyle, kPageListId);
     return list_ != nullptr;
 }
 

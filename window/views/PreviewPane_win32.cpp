@@ -7,6 +7,7 @@
 #include "platform/win32/Dpi.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/WideText.h"
+#include "window/formviews/ChildControl_win32.h"
 
 namespace tarvex {
 
@@ -45,23 +46,23 @@ void SetTextOnce(HWND control, const std::u16string& before, const std::u16strin
 bool PreviewPane::Create(HWND window, Events events) {
     events_ = std::move(events);
     constexpr DWORD kReadOnly = WS_VISIBLE | WS_TABSTOP | ES_READONLY | ES_NOHIDESEL;
-    label_ = CreateControl(window, L"STATIC", L"V&orschau auf", WS_VISIBLE | SS_CENTERIMAGE, 0);
-    pcs_ = CreateControl(window, L"COMBOBOX", L"",
-                         WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kPreviewPcId);
+    label_ = CreateChild(window, L"STATIC", u"V&orschau auf", WS_VISIBLE | SS_CENTERIMAGE);
+    pcs_ = CreateChild(window, L"COMBOBOX", u"",
+                       WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kPreviewPcId);
     // Hidden labels are what screen readers call the controls after them.
-    lineLabel_ = CreateControl(window, L"STATIC", L"Befehlszeile", 0, 0);
-    line_ = CreateControl(window, L"EDIT", L"", kReadOnly | ES_AUTOHSCROLL, kPreviewLineId,
-                          WS_EX_CLIENTEDGE);
-    button_ = CreateControl(window, L"BUTTON", L"", WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON,
-                            kFindingsButtonId);
-    textLabel_ = CreateControl(window, L"STATIC", L"Protokoll der Vorschau", 0, 0);
-    text_ = CreateControl(
-        window, L"EDIT", L"",
+    CreateChild(window, L"STATIC", u"Befehlszeile", 0);
+    line_ = CreateChild(window, L"EDIT", u"", kReadOnly | ES_AUTOHSCROLL, kPreviewLineId,
+                        WS_EX_CLIENTEDGE);
+    button_ = CreateChild(window, L"BUTTON", u"", WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON,
+                          kFindingsButtonId);
+    CreateChild(window, L"STATIC", u"Protokoll der Vorschau", 0);
+    text_ = CreateChild(
+        window, L"EDIT", u"",
         kReadOnly | ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_VSCROLL | WS_HSCROLL,
         kPreviewTextId, WS_EX_CLIENTEDGE);
-    findingsLabel_ = CreateControl(window, L"STATIC", L"Ergebnis der Prüfung", 0, 0);
-    findings_ = CreateControl(
-        window, L"SysListView32", L"Ergebnis der Prüfung",
+    CreateChild(window, L"STATIC", u"Ergebnis der Prüfung", 0);
+    findings_ = CreateChild(
+        window, L"SysListView32", u"Ergebnis der Prüfung",
         WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_NOCOLUMNHEADER | LVS_SHOWSELALWAYS,
         kFindingsId, WS_EX_CLIENTEDGE);
     SendMessageW(findings_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
@@ -71,13 +72,6 @@ bool PreviewPane::Create(HWND window, Events events) {
     SendMessageW(findings_, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
     SendMessageW(text_, EM_SETLIMITTEXT, 0, 0);
     return findings_ != nullptr && text_ != nullptr && line_ != nullptr && pcs_ != nullptr;
-}
-
-HWND PreviewPane::CreateControl(HWND window, const wchar_t* className, const wchar_t* text,
-                                DWORD style, int id, DWORD extendedStyle) const {
-    return CreateWindowExW(extendedStyle, className, text, style | WS_CHILD, 0, 0, 0, 0, window,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                           GetModuleHandleW(nullptr), nullptr);
 }
 
 void PreviewPane::SetFonts(HFONT font, HFONT fixedFont) {
@@ -132,9 +126,8 @@ void PreviewPane::Show(const PreviewPaneState& state) {
     }
     SetTextOnce(line_, before.commandLine, state.commandLine, first);
     SetTextOnce(text_, before.text, state.text, first);
-    SetTextOnce(button_, before.findingsTitle,
-                state.showsFindings ? u"Protokoll" : state.findingsTitle,
-                first || before.showsFindings != state.showsFindings);
+    const std::u16string buttonText = state.showsFindings ? u"Protokoll" : state.findingsTitle;
+    SetTextOnce(button_, std::exchange(buttonText_, buttonText), buttonText, first);
     if (first || before.findings != state.findings) {
         ShowFindings();
     }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "platform/win32/WindowsApi.h"
 #include "window/main/PreviewPaneState.h"
@@ -57,8 +58,6 @@ public:
     HBRUSH OnColor(HDC dc, HWND control) const;
 
 private:
-    HWND CreateControl(HWND window, const wchar_t* className, const wchar_t* text, DWORD style,
-                       int id, DWORD extendedStyle = 0) const;
     int RowHeight() const;
     void ShowPcs();
     void ShowFindings();
@@ -67,14 +66,12 @@ private:
 
     Events events_;
     PreviewPaneState state_;
+    std::u16string buttonText_;
     HWND label_ = nullptr;
     HWND pcs_ = nullptr;
-    HWND lineLabel_ = nullptr;
     HWND line_ = nullptr;
     HWND button_ = nullptr;
-    HWND textLabel_ = nullptr;
     HWND text_ = nullptr;
-    HWND findingsLabel_ = nullptr;
     HWND findings_ = nullptr;
     HFONT font_ = nullptr;
     bool hasState_ = false;

@@ -5,6 +5,7 @@
 
 #include "platform/win32/Dpi.h"
 #include "platform/win32/WideText.h"
+#include "window/formviews/ChildControl_win32.h"
 
 namespace tarvex {
 
@@ -17,35 +18,21 @@ constexpr int kLabelWidth = 46;
 constexpr int kGap = 6;
 constexpr int kMostLines = 10;
 
-std::u16string TextOf(HWND control) {
-    return ReadGrowing([control](wchar_t* buffer, unsigned long size) {
-        const auto length =
-            static_cast<unsigned long>(GetWindowTextW(control, buffer, static_cast<int>(size)));
-        return GrowingRead{length, length + 1 >= size};
-    });
-}
-
 }  // namespace
 
 bool SearchBox::Create(HWND window, Events events) {
     events_ = std::move(events);
-    const auto create = [window](const wchar_t* name, const wchar_t* text, DWORD style, int id,
-                                 DWORD extendedStyle) {
-        return CreateWindowExW(extendedStyle, name, text, style | WS_CHILD, 0, 0, 0, 0, window,
-                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                               GetModuleHandleW(nullptr), nullptr);
-    };
-    label_ = create(L"STATIC", L"Suche:", WS_VISIBLE | SS_CENTERIMAGE | SS_RIGHT, 0, 0);
-    edit_ =
-        create(L"EDIT", L"", WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, kSearchId, WS_EX_CLIENTEDGE);
-    list_ = create(L"LISTBOX", L"Gefundene Einstellungen",
-                   WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_CLIPSIBLINGS,
-                   kSearchHitsId, 0);
+    label_ = CreateChild(window, L"STATIC", u"Suche:", WS_VISIBLE | SS_CENTERIMAGE | SS_RIGHT);
+    edit_ = CreateChild(window, L"EDIT", u"", WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, kSearchId,
+                        WS_EX_CLIENTEDGE);
+    list_ =
+        CreateChild(window, L"LISTBOX", u"Gefundene Einstellungen",
+                    WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_CLIPSIBLINGS,
+                    kSearchHitsId);
     return edit_ != nullptr && list_ != nullptr;
 }
 
 void SearchBox::SetFont(HFONT font, int dpi) {
-    font_ = font;
     dpi_ = dpi;
     for (const HWND control : {label_, edit_, list_}) {
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
@@ -125,7 +112,7 @@ bool SearchBox::OnKey(const MSG& message) {
 }
 
 void SearchBox::Find() {
-    const std::u16string text = TextOf(edit_);
+    const std::u16string text = ControlText(edit_);
     const std::vector<std::u16string> hits =
         text.empty() ? std::vector<std::u16string>() : events_.find(text);
     SendMessageW(list_, LB_RESETCONTENT, 0, 0);

@@ -49,7 +49,6 @@ private:
     HWND label_ = nullptr;
     HWND edit_ = nullptr;
     HWND list_ = nullptr;
-    HFONT font_ = nullptr;
     int dpi_ = 0;
 };
 

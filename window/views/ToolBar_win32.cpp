@@ -3,15 +3,15 @@
 #include <vector>
 
 #include "platform/win32/WideText.h"
+#include "window/formviews/ChildControl_win32.h"
 #include "window/views/MenuBar_win32.h"
 
 namespace tarvex {
 
 bool ToolBar::Create(HWND window) {
-    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NODIVIDER |
-                             CCS_NORESIZE | CCS_NOPARENTALIGN;
-    bar_ = CreateWindowExW(0, L"ToolbarWindow32", L"Werkzeuge", kStyle, 0, 0, 0, 0, window, nullptr,
-                           GetModuleHandleW(nullptr), nullptr);
+    constexpr DWORD kStyle =
+        WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN;
+    bar_ = CreateChild(window, L"ToolbarWindow32", u"Werkzeuge", kStyle);
     if (bar_ == nullptr) {
         return false;
     }
