@@ -1,7 +1,6 @@
 #include "window/views/MainWindow_win32.h"
 
 #include <algorithm>
-#include <array>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "platform/win32/Dpi.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/WideText.h"
+#include "window/formviews/ChildControl_win32.h"
 #include "window/main/KeptState.h"
 #include "window/pages/Pages.h"
 
@@ -84,9 +84,11 @@ void MainWindow::Do(const Action& action) {
 bool MainWindow::Make() {
     PrepareListsAndBars();
     dpi_ = SystemDpi();
+    const std::optional<WindowPlace> place = KeptState(settings_).Place();
+    startsMaximised_ = place && place->maximised;
     const HMENU menu = CreateMenuBar();
     if (!Create({L"TarvexMain", Wide(model_.Title()), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                 StartPlace(), menu, nullptr, WS_EX_ACCEPTFILES})) {
+                 StartPlace(place), menu, nullptr, WS_EX_ACCEPTFILES})) {
         DestroyMenu(menu);
         return false;
     }
@@ -96,8 +98,7 @@ bool MainWindow::Make() {
 
 void MainWindow::Run(const std::u16string& file) {
     ShowInFront();
-    if (const std::optional<WindowPlace> place = KeptState(settings_).Place();
-        place && place->maximised) {
+    if (startsMaximised_) {
         ShowWindow(Window(), SW_SHOWMAXIMIZED);
     }
     if (!file.empty()) {
@@ -113,10 +114,10 @@ void MainWindow::Run(const std::u16string& file) {
     RaiseFailure();
 }
 
-RECT MainWindow::StartPlace() const {
+RECT MainWindow::StartPlace(const std::optional<WindowPlace>& kept) const {
     const RECT area = WorkAreaAtPointer();
-    if (const std::optional<WindowPlace> place = KeptState(settings_).Place()) {
-        const ScreenArea& back = BroughtBack(place->area, WorkAreas());
+    if (kept) {
+        const ScreenArea& back = BroughtBack(kept->area, WorkAreas());
         return {back.left, back.top, back.right, back.bottom};
     }
     const SIZE most = SizeOf(area);
@@ -252,9 +253,7 @@ bool MainWindow::CreateControls() {
         return false;
     }
     status_ =
-        CreateWindowExW(0, L"msctls_statusbar32", L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
-                        0, 0, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kStatusId)),
-                        GetModuleHandleW(nullptr), nullptr);
+        CreateChild(window, L"msctls_statusbar32", u"", WS_VISIBLE | SBARS_SIZEGRIP, kStatusId);
     SetFonts(WindowDpi(window));
     Refresh();
     return status_ != nullptr;
@@ -293,6 +292,7 @@ void MainWindow::SetFonts(int dpi) {
         search_.SetFont(normal, dpi);
         pages_.SetFont(normal, dpi);
         pane_.SetFonts(normal, fonts->Font(FormFont::Fixed));
+        labelColumn_ = CommonLabelColumn(*fonts);
     }
     SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(normal), TRUE);
     SendMessageW(status_, WM_SIZE, 0, 0);
@@ -371,7 +371,7 @@ void MainWindow::Refresh() {
     }
     if (&model_.Form() != shownForm_) {
         shownForm_ = &model_.Form();
-        form_.SetLabelColumn(model_.HasDocument() ? CommonLabelColumn(*fonts_) : 0);
+        form_.SetLabelColumn(model_.HasDocument() ? labelColumn_ : 0);
         form_.SetModel(shownForm_);
     } else {
         form_.Refresh();
@@ -404,7 +404,7 @@ void MainWindow::GoTo(const Destination& destination) {
 void MainWindow::OnCommand(int id, int notification) {
     if (id >= kCommandIds && id < kRecentIds) {
         Perform(static_cast<Command>(id - kCommandIds));
-    } else if (id >= kRecentIds && id < kRecentIds + kRecentCount) {
+    } else if (id >= kRecentIds && id < kRecentIdsEnd) {
         Do([this, id] { model_.OpenRecent(static_cast<std::size_t>(id - kRecentIds)); });
     } else if (id == kPageListId && notification == LBN_SELCHANGE) {
         Do([this] { model_.SelectPage(static_cast<std::size_t>(pages_.Selected())); });

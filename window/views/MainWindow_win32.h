@@ -11,6 +11,7 @@
 #include "window/formviews/FormView_win32.h"
 #include "window/main/MainModel.h"
 #include "window/main/UserSettings.h"
+#include "window/main/WindowPlace.h"
 #include "window/views/MenuBar_win32.h"
 #include "window/views/PageList_win32.h"
 #include "window/views/PreviewPane_win32.h"
@@ -40,7 +41,7 @@ protected:
 private:
     bool CreateControls();
     void CreateDocumentParts();
-    RECT StartPlace() const;
+    RECT StartPlace(const std::optional<WindowPlace>& kept) const;
     void KeepPlace();
     void SetFonts(int dpi);
     void PlaceControls();
@@ -80,6 +81,8 @@ private:
     std::optional<PreviewWorker> worker_;
 
     int dpi_ = kNormalDpi;
+    int labelColumn_ = 0;  // at kNormalDpi
+    bool startsMaximised_ = false;
     std::u16string shownTitle_;
     std::u16string shownStatus_;
     FormModel* shownForm_ = nullptr;

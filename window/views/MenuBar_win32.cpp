@@ -7,6 +7,8 @@ namespace tarvex {
 
 namespace {
 
+constexpr const wchar_t* kNoFiles = L"(noch keine Datei)";
+
 UINT IdOf(Command command) {
     return static_cast<UINT>(kCommandIds + static_cast<int>(command));
 }
@@ -23,7 +25,7 @@ HMENU CreatePopup(const Menu& menu) {
         if (entry.command == Command::None) {
             AppendMenuW(popup, MF_SEPARATOR, 0, nullptr);
         } else if (entry.command == Command::RecentFiles) {
-            AppendMenuW(popup, MF_STRING | MF_GRAYED, IdOf(entry.command), L"(keine Datei)");
+            AppendMenuW(popup, MF_STRING | MF_GRAYED, IdOf(entry.command), kNoFiles);
         } else {
             AppendMenuW(popup, MF_STRING, IdOf(entry.command), Wide(CaptionOf(entry)));
         }
@@ -35,7 +37,7 @@ HMENU CreatePopup(const Menu& menu) {
 void UpdateRecentFiles(HMENU popup, const std::vector<std::u16string>& files) {
     const UINT none = IdOf(Command::RecentFiles);
     const auto isRecent = [none](UINT id) {
-        return id == none || (id >= kRecentIds && id < kRecentIds + kRecentCount);
+        return id == none || (id >= kRecentIds && id < kRecentIdsEnd);
     };
     int first = 0;
     while (!isRecent(GetMenuItemID(popup, first))) {
@@ -46,8 +48,7 @@ void UpdateRecentFiles(HMENU popup, const std::vector<std::u16string>& files) {
         DeleteMenu(popup, position, MF_BYPOSITION);
     }
     if (files.empty()) {
-        InsertMenuW(popup, position, MF_BYPOSITION | MF_STRING | MF_GRAYED, none,
-                    L"(noch keine Datei)");
+        InsertMenuW(popup, position, MF_BYPOSITION | MF_STRING | MF_GRAYED, none, kNoFiles);
     }
     for (std::size_t i = files.size(); i-- > 0;) {
         const std::u16string caption = u"&" + text::Decimal(static_cast<std::int64_t>(i) + 1) +

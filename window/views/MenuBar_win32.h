@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/win32/Handles.h"
+#include "window/files/RecentFiles.h"
 #include "window/main/Menu.h"
 
 namespace tarvex {
@@ -12,7 +13,7 @@ namespace tarvex {
 /// Ids by which the menu, the accelerators and the tool bar name a command, and the last files.
 inline constexpr int kCommandIds = 100;
 inline constexpr int kRecentIds = 300;
-inline constexpr int kRecentCount = 8;
+inline constexpr int kRecentIdsEnd = kRecentIds + static_cast<int>(RecentFiles::kMost);
 
 using UniqueAccelerators = UniqueHandle<HACCEL, DestroyAcceleratorTable>;
 
