@@ -5,6 +5,7 @@
 #include "configurator/SettingsExport.h"
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
+#include "window/document/FileNames.h"
 #include "window/files/NewLauncherForm.h"
 #include "window/files/SettingsWriting.h"
 
@@ -46,7 +47,7 @@ AsCommandForm::AsCommandForm(const FileServices& services, const Document& docum
       rows_(MakeRows()),
       template_(document.IsNew() ? document.File().source : source) {
     const std::u16string& path = document.File().path;
-    file_ = path.substr(0, path.rfind(u'.')) + u".ini";
+    file_ = JoinPath(FolderPart(path), StemOf(path) + u".ini");
     CheckTemplate();
 }
 

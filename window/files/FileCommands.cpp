@@ -6,24 +6,11 @@
 #include "configurator/LauncherImage.h"
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
+#include "window/document/FileNames.h"
 #include "window/form/BoxTexts.h"
 #include "window/keylist/PresetsForm.h"
 
 namespace tarvex {
-namespace {
-
-std::u16string NameOf(std::u16string_view path) {
-    return std::u16string(FileNamePart(path));
-}
-
-/// The name of a file without its folder and extension.
-std::u16string StemOf(std::u16string_view path) {
-    const std::u16string_view name = FileNamePart(path);
-    return std::u16string(name.substr(0, name.rfind(u'.')));
-}
-
-}  // namespace
-
 FileResult FileCommands::New(const Document* open) {
     if (open != nullptr) {
         return InNewWindow(kNewArgument, {});

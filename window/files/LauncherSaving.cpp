@@ -7,17 +7,13 @@
 #include "configurator/OutputFile.h"
 #include "configurator/SettingsSource.h"
 #include "configurator/program/ProgramFields.h"
-#include "launch/PathHelpers.h"
 #include "text/Text.h"
+#include "window/document/FileNames.h"
 #include "window/document/IconField.h"
 #include "window/form/BoxTexts.h"
 
 namespace tarvex {
 namespace {
-
-std::u16string NameOf(std::u16string_view path) {
-    return std::u16string(FileNamePart(path));
-}
 
 bool IsInUse(const Problems& problems) {
     return problems.size() == 1 && (problems[0].text == FileProblemText(FileProblem::InUse) ||

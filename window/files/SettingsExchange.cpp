@@ -9,6 +9,7 @@
 #include "configurator/program/ProgramFields.h"
 #include "launch/PathHelpers.h"
 #include "text/Text.h"
+#include "window/document/FileNames.h"
 #include "window/files/AsCommandForm.h"
 #include "window/files/ChangesForm.h"
 #include "window/files/DifferenceForm.h"
@@ -17,10 +18,6 @@
 
 namespace tarvex {
 namespace {
-
-std::u16string NameOf(std::u16string_view path) {
-    return std::u16string(FileNamePart(path));
-}
 
 /// The settings but for one field.
 Settings Without(const Settings& settings, std::int32_t number) {
@@ -96,12 +93,11 @@ FileResult SettingsExchange::Export(const Document& document) {
     if (!MayExport(document, values)) {
         return {};
     }
-    const std::u16string name = NameOf(document.File().path);
     const std::u16string output =
         services_.dialogs.ChooseNewFile({.title = u"Einstellungen exportieren",
                                          .folder = std::u16string(document.Folder()),
                                          .filter = std::u16string(kSettingsFilter),
-                                         .name = name.substr(0, name.rfind(u'.')) + u".ini",
+                                         .name = StemOf(document.File().path) + u".ini",
                                          .extension = u"ini"});
     if (output.empty()) {
         return {};
@@ -177,7 +173,8 @@ FileResult SettingsExchange::TakeOverFrom(Document& document, std::u16string_vie
         drop.push_back(misfit.field);
     }
     const bool mayClear = !document.Values().Entries().empty();
-    return Receive(document, path, carry(drop).settings, all.misfits, mayClear);
+    return Receive(document, path, drop.empty() ? all.settings : carry(drop).settings, all.misfits,
+                   mayClear);
 }
 
 FileResult SettingsExchange::Compare(const Document& document) {

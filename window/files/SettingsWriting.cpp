@@ -1,15 +1,11 @@
 #include "window/files/SettingsWriting.h"
 
 #include "configurator/SettingsExport.h"
-#include "launch/PathHelpers.h"
+#include "window/document/FileNames.h"
 #include "window/form/BoxTexts.h"
 
 namespace tarvex {
 namespace {
-
-std::u16string NameOf(std::u16string_view path) {
-    return std::u16string(FileNamePart(path));
-}
 
 /// Which files go; empty: none.
 std::u16string WhatIsReplaced(const FileStore& store, const std::u16string& output, bool hasIcon) {

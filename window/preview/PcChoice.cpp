@@ -4,6 +4,7 @@
 
 #include "launch/PathHelpers.h"
 #include "simulation/PcSelection.h"
+#include "window/document/FileNames.h"
 #include "window/form/BoxTexts.h"
 
 namespace tarvex {
@@ -11,7 +12,7 @@ namespace tarvex {
 std::vector<std::u16string> PcChoice::Lines() const {
     std::vector<std::u16string> lines = {u"dieser PC"};
     for (const std::u16string& path : pcs_) {
-        lines.push_back(PcName(path));
+        lines.push_back(StemOf(path));
     }
     lines.emplace_back(u"PC-Beschreibungen wählen…");
     return lines;
@@ -34,7 +35,7 @@ std::u16string PcChoice::Pc() const {
 }
 
 std::u16string PcChoice::Name() const {
-    return selected_ == 0 ? u"diesem PC" : PcName(Pc());
+    return selected_ == 0 ? u"diesem PC" : StemOf(Pc());
 }
 
 bool PcChoice::AskForFolder() {
@@ -60,11 +61,6 @@ bool PcChoice::AskForFolder() {
     }
     selected_ = 1;
     return Pc() != before;
-}
-
-std::u16string PcName(std::u16string_view path) {
-    const std::u16string_view name = FileNamePart(path);
-    return std::u16string(name.substr(0, name.rfind(u'.')));
 }
 
 }  // namespace tarvex

@@ -51,7 +51,4 @@ private:
     std::int32_t selected_ = 0;
 };
 
-/// The name of a described PC from the path of its description.
-std::u16string PcName(std::u16string_view path);
-
 }  // namespace tarvex

@@ -274,6 +274,20 @@ TEST_F(SettingsExchangeTest, CommandAsksForSecretsThatAreNotExported) {
     EXPECT_EQ(files.Bytes(u"D:\\Meine Skripte\\100%.ini").find("geheim"), std::string::npos);
 }
 
+TEST_F(SettingsExchangeTest, CommandProposesASettingsFileBesideALauncherWithoutExtension) {
+    files.AddFolder(u"D:\\Daten.2026");
+    files.AddFile(u"D:\\Daten.2026\\Kunden", files.Bytes(kLauncher));
+    const std::unique_ptr<Document> document =
+        commands.Open(u"D:\\Daten.2026\\Kunden", nullptr).document;
+    std::u16string proposed;
+    dialogs.formUsers = {[&](FormModel& form) {
+        proposed = form.State(AsCommandForm::kFile).text;
+        return false;
+    }};
+    commands.AsCommand(*document);
+    EXPECT_EQ(proposed, u"D:\\Daten.2026\\Kunden.ini");
+}
+
 TEST_F(SettingsExchangeTest, CommandNeedsAWholePathAndATemplate) {
     const std::unique_ptr<Document> document = Opened();
     dialogs.formUsers = {[](FormModel& form) {
