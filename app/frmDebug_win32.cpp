@@ -31,11 +31,7 @@ UniqueFont FixedFont(int dpi) {
 }
 
 UniqueFont NoticeFont(int dpi) {
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof(metrics);
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
-    LOGFONTW& font = metrics.lfMessageFont;
-    font.lfHeight = MulDiv(font.lfHeight, dpi, SystemDpi());
+    const LOGFONTW font = MessageFont(dpi);
     return UniqueFont(CreateFontIndirectW(&font));
 }
 

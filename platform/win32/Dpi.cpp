@@ -26,6 +26,15 @@ int WindowDpi(HWND window) {
     return SystemDpi();
 }
 
+LOGFONTW MessageFont(int dpi) {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof(metrics);
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
+    LOGFONTW& font = metrics.lfMessageFont;
+    font.lfHeight = MulDiv(font.lfHeight, dpi, SystemDpi());
+    return font;
+}
+
 int Scaled(int pixels, int dpi) {
     return MulDiv(pixels, dpi, kNormalDpi);
 }

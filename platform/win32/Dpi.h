@@ -14,6 +14,9 @@ int SystemDpi();
 /// system where Windows does not tell (before 8.1).
 int WindowDpi(HWND window);
 
+/// The font that the user has chosen for messages, as large as that resolution asks for.
+LOGFONTW MessageFont(int dpi);
+
 /// A length that is `pixels` at kNormalDpi.
 int Scaled(int pixels, int dpi);
 

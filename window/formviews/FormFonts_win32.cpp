@@ -13,15 +13,6 @@ constexpr std::size_t kMostMeasured = 2000;
 constexpr int kAroundText = 4;     // at kNormalDpi
 constexpr int kSmallestFont = 11;  // at kNormalDpi
 
-LOGFONTW MessageFont(int dpi) {
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof(metrics);
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
-    LOGFONTW& font = metrics.lfMessageFont;
-    font.lfHeight = MulDiv(font.lfHeight, dpi, SystemDpi());
-    return font;
-}
-
 /// The fixed font of the log window that the launcher shows.
 LOGFONTW FixedFont(const LOGFONTW& message) {
     LOGFONTW font{};
