@@ -256,6 +256,8 @@ bool MainWindow::CreateControls() {
         CreateChild(window, L"msctls_statusbar32", u"", WS_VISIBLE | SBARS_SIZEGRIP, kStatusId);
     SetFonts(WindowDpi(window));
     Refresh();
+    // A window that is shown by its place in the stack hears of its size only when that changes.
+    PlaceControls();
     return status_ != nullptr;
 }
 

@@ -8,6 +8,7 @@
 #include "tests/support/FakeFolderListing.h"
 #include "tests/support/WindowDriver_win32.h"
 #include "tests/window/files/FilesWorld.h"
+#include "window/files/StartPageForm.h"
 #include "window/formviews/FormControls_win32.h"
 
 namespace tarvex {
@@ -59,6 +60,32 @@ TEST_F(MainWindowTest, ShowsTheFileThatItWasStartedWith) {
         EXPECT_EQ(WindowDriver::TextOf(Field(window, kFieldAppName)), u"Kunden");
         Close(window);
     });
+}
+
+TEST_F(MainWindowTest, StartPageFillsTheWindowAtOnce) {
+    Run(
+        [](HWND window) {
+            EXPECT_TRUE(WindowDriver::Until([window] {
+                return Focus(window) == Field(window, StartPageForm::kNew);
+            })) << "is first";
+            RECT inner{};
+            GetClientRect(window, &inner);
+            RECT page{};
+            GetWindowRect(Form(window), &page);
+            MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&page), 2);
+            EXPECT_EQ(page.right, inner.right);
+            EXPECT_GT(page.bottom - page.top, (inner.bottom - inner.top) * 3 / 4);
+            RECT button{};
+            GetWindowRect(Field(window, StartPageForm::kNew), &button);
+            MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&button), 2);
+            RECT seen{};
+            IntersectRect(&seen, &button, &page);
+            EXPECT_NE(FALSE, EqualRect(&seen, &button));
+            EXPECT_GT(button.right, button.left);
+            EXPECT_THAT(CutTexts(window), IsEmpty());
+            Close(window);
+        },
+        u"");
 }
 
 TEST_F(MainWindowTest, NothingOnAnyPageIsCut) {
