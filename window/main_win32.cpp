@@ -8,6 +8,7 @@
 #include "platform/win32/Win32Cleanup.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32FolderListing.h"
+#include "platform/win32/Win32System.h"
 #include "platform/win32/Win32TextCodec.h"
 #include "simulation/ThisPc.h"
 #include "window/formviews/Win32UserDialogs_win32.h"
@@ -67,12 +68,12 @@ void RunWindow(bool hasArguments) {
 }  // namespace
 }  // namespace tarvex
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR arguments, int) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     // A refused file or an empty drive is told by the window, never in a box of the system.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     tarvex::PrepareWin32Program();
     tarvex::RestrictDllSearch();
-    tarvex::RunWindow(*arguments != '\0');
+    tarvex::RunWindow(!tarvex::ReadProgramInfo().arguments.empty());
     // A preview may still be worked out, or wait for a path that does not answer: it ends here, and
     // not among objects of the program that are going already.
     ExitProcess(0);
