@@ -33,6 +33,7 @@ std::vector<FormRow> MakeRows() {
          .label = u"Be&fehl",
          .hint = u"So geschrieben, wie er in einer Batchdatei (.cmd) steht.",
          .lines = 4,
+         .wraps = true,
          .buttons = {{AsCommandForm::kCopy, u"&Kopieren", u"Befehl kopieren"}}},
     };
 }

@@ -44,6 +44,7 @@ struct FormRow {
     std::int32_t chars = 0;     ///< width of the control in characters; 0: all there is
     std::int32_t lines = 0;     ///< height of Lines, List and Output in lines of text; 0: usual
     bool grows = false;         ///< takes the height that is left over
+    bool wraps = false;         ///< Output: long lines are broken and not scrolled
     std::vector<FormButton> buttons = {};      ///< after a Line or Choice, below a List, of Buttons
     std::vector<std::u16string> columns = {};  ///< headers of a List
 };

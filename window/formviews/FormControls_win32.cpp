@@ -135,11 +135,12 @@ void FormControls::CreateControl() {
         case RowKind::Lines:
             control_ = Create(L"EDIT", {}, kLines | ES_WANTRETURN, id, WS_EX_CLIENTEDGE);
             break;
-        case RowKind::Output:
-            control_ = Create(L"EDIT", {},
-                              kLines | ES_AUTOHSCROLL | WS_HSCROLL | ES_READONLY | ES_NOHIDESEL, id,
+        case RowKind::Output: {
+            const DWORD scrolled = row_->wraps ? 0 : ES_AUTOHSCROLL | WS_HSCROLL;
+            control_ = Create(L"EDIT", {}, kLines | scrolled | ES_READONLY | ES_NOHIDESEL, id,
                               WS_EX_CLIENTEDGE);
             break;
+        }
         case RowKind::Check:
             control_ = Create(L"BUTTON", row_->label,
                               BS_AUTOCHECKBOX | BS_MULTILINE | BS_TOP | WS_TABSTOP | WS_GROUP, id);

@@ -393,6 +393,17 @@ TEST_F(FormViewTest, OutputShowsItsTextInAFixedFont) {
     EXPECT_EQ(MAKELRESULT(0, 16), SendMessageW(Part(1), EM_GETSEL, 0, 0));
 }
 
+TEST_F(FormViewTest, OutputBreaksLongLinesWhereItsRowSaysSo) {
+    form.rows = {{.kind = RowKind::Output, .id = 1, .label = u"Protokoll"},
+                 {.kind = RowKind::Output, .id = 2, .label = u"Befehl", .wraps = true}};
+    form.states[1].text = form.states[2].text = std::u16string(300, u'x') + u" y";
+    Show();
+    EXPECT_EQ(1, SendMessageW(Part(1), EM_GETLINECOUNT, 0, 0));
+    EXPECT_LT(1, SendMessageW(Part(2), EM_GETLINECOUNT, 0, 0));
+    EXPECT_EQ(form.states[2].text, TextOf(2));
+    EXPECT_EQ(0, GetWindowLongW(Part(2), GWL_STYLE) & WS_HSCROLL);
+}
+
 TEST_F(FormViewTest, ButtonsAreTold) {
     form.rows = {{.kind = RowKind::Buttons, .buttons = {{11, u"&Neu"}, {12, u"&Öffnen"}}},
                  {.kind = RowKind::Line, .id = 1, .buttons = {{13, u"..."}}}};
