@@ -231,7 +231,7 @@ void KeyListPart::Press(std::int32_t buttonId) {
             break;
         case kPresetsButton: {
             PresetsForm form(edit_);
-            dialogs_.ShowForm(form, {u"Bekannte Orte von Access", {}, u"Schließen"});
+            dialogs_.ShowForm(form, {u"Bekannte Orte von Access", {}, u"Schließen", true});
             break;
         }
         default:
