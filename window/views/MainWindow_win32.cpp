@@ -289,7 +289,7 @@ void MainWindow::SetFonts(int dpi) {
     dpi_ = dpi;
     auto fonts = std::make_unique<FormFonts>(dpi);
     const HFONT normal = fonts->Font(FormFont::Normal);
-    toolBar_.SetFont(normal);
+    toolBar_.SetFont(normal, dpi);
     if (hasDocumentParts_) {
         search_.SetFont(normal, dpi);
         pages_.SetFont(normal, dpi);

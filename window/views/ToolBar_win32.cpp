@@ -2,11 +2,20 @@
 
 #include <vector>
 
+#include "platform/win32/Dpi.h"
 #include "platform/win32/WideText.h"
 #include "window/formviews/ChildControl_win32.h"
 #include "window/views/MenuBar_win32.h"
 
 namespace tarvex {
+
+namespace {
+
+// Around a caption, both sides together, at kNormalDpi.
+constexpr int kAcross = 14;
+constexpr int kDown = 6;
+
+}  // namespace
 
 bool ToolBar::Create(HWND window) {
     constexpr DWORD kStyle =
@@ -20,11 +29,12 @@ bool ToolBar::Create(HWND window) {
     return true;
 }
 
-void ToolBar::SetFont(HFONT font) {
+void ToolBar::SetFont(HFONT font, int dpi) {
     // The buttons are made anew: they keep the size that their captions had.
     while (SendMessageW(bar_, TB_DELETEBUTTON, 0, 0) != FALSE) {
     }
     SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    SendMessageW(bar_, TB_SETPADDING, 0, MAKELPARAM(Scaled(kAcross, dpi), Scaled(kDown, dpi)));
     for (const MenuEntry& entry : ToolButtons()) {
         const std::u16string caption(entry.caption);
         TBBUTTON button{};

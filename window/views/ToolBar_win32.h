@@ -12,7 +12,7 @@ namespace tarvex {
 class ToolBar {
 public:
     bool Create(HWND window);
-    void SetFont(HFONT font);
+    void SetFont(HFONT font, int dpi);
 
     /// Its size in pixels, which depends on the font.
     SIZE Size() const;
