@@ -4,6 +4,7 @@
 
 #include "platform/win32/Dpi.h"
 #include "platform/win32/WideText.h"
+#include "window/formviews/FontOnScreen_win32.h"
 
 namespace tarvex {
 
@@ -51,20 +52,6 @@ LOGFONTW Description(FormFont font, int dpi) {
             return message;
     }
 }
-
-/// Selects a font into the device context of the screen for the time of a block.
-class FontOnScreen {
-public:
-    explicit FontOnScreen(HFONT font) : before_(SelectObject(screen_.Get(), font)) {}
-    FontOnScreen(const FontOnScreen&) = delete;
-    FontOnScreen& operator=(const FontOnScreen&) = delete;
-    ~FontOnScreen() { SelectObject(screen_.Get(), before_); }
-    HDC Get() const { return screen_.Get(); }
-
-private:
-    WindowDc screen_{nullptr};
-    HGDIOBJ before_;
-};
 
 }  // namespace
 

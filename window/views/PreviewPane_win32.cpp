@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "platform/win32/Dpi.h"
-#include "platform/win32/Handles.h"
 #include "platform/win32/WideText.h"
 #include "window/formviews/ChildControl_win32.h"
+#include "window/formviews/FontOnScreen_win32.h"
 
 namespace tarvex {
 
@@ -18,16 +18,6 @@ constexpr int kGap = 6;
 constexpr int kPcsWidth = 170;
 constexpr int kButtonWidth = 110;
 constexpr int kListedPcs = 12;  // lines of the opened box
-
-int TextWidth(HFONT font, std::u16string_view text) {
-    const WindowDc screen(nullptr);
-    const HGDIOBJ before = SelectObject(screen.Get(), font);
-    SIZE size{};
-    const std::u16string owned(text);
-    GetTextExtentPoint32W(screen.Get(), Wide(owned), static_cast<int>(owned.size()), &size);
-    SelectObject(screen.Get(), before);
-    return size.cx;
-}
 
 void Move(HWND control, int left, int top, int width, int height) {
     SetWindowPos(control, nullptr, left, top, std::max(width, 0), std::max(height, 0),
@@ -98,14 +88,15 @@ void PreviewPane::Place(const RECT& area, int dpi) {
     const int row = RowHeight();
     const int top = area.top + gap;
     int left = area.left + gap;
-    const int labelWidth = TextWidth(font_, u"Vorschau auf ");
+    const FontOnScreen font(font_);
+    const int labelWidth = font.WidthOf(u"Vorschau auf ");
     Move(label_, left, top, labelWidth, row);
     left += labelWidth + gap;
     const int pcsWidth = Scaled(kPcsWidth, dpi);
     Move(pcs_, left, top, pcsWidth, row * kListedPcs);
     left += pcsWidth + gap;
     const int buttonWidth =
-        std::max(Scaled(kButtonWidth, dpi), TextWidth(font_, state_.findingsTitle) + 4 * gap);
+        std::max(Scaled(kButtonWidth, dpi), font.WidthOf(state_.findingsTitle) + 4 * gap);
     const int right = area.right - gap;
     Move(line_, left, top, right - buttonWidth - gap - left, row);
     Move(button_, right - buttonWidth, top, buttonWidth, row);

@@ -6,6 +6,7 @@
 #include "platform/win32/Dpi.h"
 #include "platform/win32/WideText.h"
 #include "window/formviews/ChildControl_win32.h"
+#include "window/formviews/FontOnScreen_win32.h"
 
 namespace tarvex {
 
@@ -13,9 +14,10 @@ namespace {
 
 // At kNormalDpi.
 constexpr int kBoxWidth = 170;
-constexpr int kListWidth = 500;
+constexpr int kListWidth = 500;  // at least
 constexpr int kLabelWidth = 46;
 constexpr int kGap = 6;
+constexpr int kAroundLine = 8;  // left and right of a line together
 constexpr int kMostLines = 10;
 
 }  // namespace
@@ -33,6 +35,7 @@ bool SearchBox::Create(HWND window, Events events) {
 }
 
 void SearchBox::SetFont(HFONT font, int dpi) {
+    font_ = font;
     dpi_ = dpi;
     for (const HWND control : {label_, edit_, list_}) {
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
@@ -45,11 +48,10 @@ void SearchBox::Place(const RECT& row) {
     const int labelLeft = left - Scaled(kLabelWidth + kGap, dpi_);
     MoveWindow(label_, labelLeft, row.top, Scaled(kLabelWidth, dpi_), height, TRUE);
     MoveWindow(edit_, left, row.top, Scaled(kBoxWidth, dpi_), height, TRUE);
-    RECT list{};
-    GetWindowRect(list_, &list);
-    SetWindowPos(list_, HWND_TOP, row.right - Scaled(kListWidth, dpi_), row.bottom,
-                 Scaled(kListWidth, dpi_), static_cast<int>(list.bottom - list.top),
-                 SWP_NOACTIVATE);
+    row_ = row;
+    if (IsWindowVisible(list_) != FALSE) {
+        ShowHits();
+    }
 }
 
 void SearchBox::Focus() const {
@@ -113,26 +115,43 @@ bool SearchBox::OnKey(const MSG& message) {
 
 void SearchBox::Find() {
     const std::u16string text = ControlText(edit_);
-    const std::vector<std::u16string> hits =
-        text.empty() ? std::vector<std::u16string>() : events_.find(text);
-    SendMessageW(list_, LB_RESETCONTENT, 0, 0);
-    for (const std::u16string& hit : hits) {
-        SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(hit)));
-    }
+    hits_ = text.empty() ? std::vector<std::u16string>() : events_.find(text);
     if (text.empty()) {
         CloseList();
         return;
     }
-    if (hits.empty()) {
-        SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Nichts gefunden"));
-    } else {
+    ShowHits();
+    if (!hits_.empty()) {
         SendMessageW(list_, LB_SETCURSEL, 0, 0);
     }
-    const auto lines = std::clamp<int>(static_cast<int>(hits.size()), 1, kMostLines);
-    const auto height = static_cast<int>(SendMessageW(list_, LB_GETITEMHEIGHT, 0, 0)) * lines;
-    SetWindowPos(list_, HWND_TOP, 0, 0, Scaled(kListWidth, dpi_),
-                 height + 2 * GetSystemMetrics(SM_CYBORDER), SWP_NOMOVE | SWP_NOACTIVATE);
     ShowWindow(list_, SW_SHOWNA);
+}
+
+void SearchBox::ShowHits() {
+    const std::vector<std::u16string> lines =
+        hits_.empty() ? std::vector<std::u16string>{u"Nichts gefunden"} : hits_;
+    const auto count = static_cast<int>(lines.size());
+    const FontOnScreen screen(font_);
+    int needed = 0;
+    for (const std::u16string& line : lines) {
+        needed = std::max(needed, screen.WidthOf(line));
+    }
+    const int around = Scaled(kAroundLine, dpi_) + 2 * GetSystemMetrics(SM_CXBORDER) +
+                       (count > kMostLines ? GetSystemMetrics(SM_CXVSCROLL) : 0);
+    const int most = static_cast<int>(row_.right) - Scaled(kGap, dpi_);
+    const int width = std::min(std::max(needed + around, Scaled(kListWidth, dpi_)), most);
+    const LRESULT chosen = SendMessageW(list_, LB_GETCURSEL, 0, 0);
+    SendMessageW(list_, LB_RESETCONTENT, 0, 0);
+    for (const std::u16string& line : lines) {
+        SendMessageW(list_, LB_ADDSTRING, 0,
+                     reinterpret_cast<LPARAM>(Wide(screen.Fitting(line, width - around))));
+    }
+    SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+    const auto height =
+        static_cast<int>(SendMessageW(list_, LB_GETITEMHEIGHT, 0, 0)) * std::min(count, kMostLines);
+    SetWindowPos(list_, HWND_TOP, static_cast<int>(row_.right) - width,
+                 static_cast<int>(row_.bottom), width, height + 2 * GetSystemMetrics(SM_CYBORDER),
+                 SWP_NOACTIVATE);
 }
 
 void SearchBox::Choose() {

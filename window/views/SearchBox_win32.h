@@ -27,7 +27,8 @@ public:
     bool Create(HWND window, Events events);
     void SetFont(HFONT font, int dpi);
 
-    /// The box with its label at the right end of the row; the list opens below it.
+    /// The box with its label at the right end of the row. The list opens below it, as wide as
+    /// the lines need and the window is.
     void Place(const RECT& row);
 
     /// Brings the focus to the box, its text selected.
@@ -44,11 +45,15 @@ public:
 private:
     void Find();
     void Choose();
+    void ShowHits();
 
     Events events_;
     HWND label_ = nullptr;
     HWND edit_ = nullptr;
     HWND list_ = nullptr;
+    HFONT font_ = nullptr;
+    RECT row_{};
+    std::vector<std::u16string> hits_;
     int dpi_ = 0;
 };
 

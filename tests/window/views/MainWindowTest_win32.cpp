@@ -3,12 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/win32/WideText.h"
 #include "tests/support/AccessibleName_win32.h"
 #include "tests/support/CutTexts_win32.h"
 #include "tests/support/FakeFolderListing.h"
 #include "tests/support/WindowDriver_win32.h"
 #include "tests/window/files/FilesWorld.h"
 #include "window/files/StartPageForm.h"
+#include "window/formviews/FontOnScreen_win32.h"
 #include "window/formviews/FormControls_win32.h"
 
 namespace tarvex {
@@ -45,6 +47,13 @@ protected:
         info.cbSize = sizeof(info);
         GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
         return info.hwndFocus;
+    }
+    static std::u16string LineOf(HWND list, WPARAM line) {
+        std::u16string text(
+            static_cast<std::size_t>(SendMessageW(list, LB_GETTEXTLEN, line, 0)) + 1, u'\0');
+        SendMessageW(list, LB_GETTEXT, line, reinterpret_cast<LPARAM>(text.data()));
+        text.pop_back();
+        return text;
     }
     static void Close(HWND window) { PostMessageW(window, WM_CLOSE, 0, 0); }
 
@@ -164,6 +173,38 @@ TEST_F(MainWindowTest, SearchLeadsToTheField) {
         EXPECT_TRUE(WindowDriver::Until(
             [window] { return Focus(window) == Field(window, kFieldErrDebugText); }));
         EXPECT_FALSE(IsWindowVisible(hits));
+        Close(window);
+    });
+}
+
+TEST_F(MainWindowTest, FoundLinesAreNotCut) {
+    dialogs.answers = {1};  // not to be saved
+    Run([](HWND window) {
+        ASSERT_TRUE(Shows(window, kFieldAppName));
+        Do(window, Command::NextPage);
+        Do(window, Command::NextPage);
+        ASSERT_TRUE(Shows(window, kFieldDBFilename));
+        const std::u16string wide(85, u'd');
+        SetWindowTextW(Field(window, kFieldDBFilename), Wide(wide));
+        Do(window, Command::Search);
+        SetWindowTextW(GetDlgItem(window, kSearchId), L"ddd");
+        const HWND hits = GetDlgItem(window, kSearchHitsId);
+        EXPECT_EQ(LineOf(hits, 0), u"Datenbank: Dateiname (DBFilename) = " + wide);
+        RECT inner{};
+        GetClientRect(hits, &inner);
+        const FontOnScreen font(reinterpret_cast<HFONT>(SendMessageW(hits, WM_GETFONT, 0, 0)));
+        EXPECT_LE(font.WidthOf(LineOf(hits, 0)), inner.right);
+        RECT place{};
+        GetWindowRect(hits, &place);
+        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+        EXPECT_GE(place.left, 0);
+
+        SetWindowPos(window, nullptr, 0, 0, 640, 480, SWP_NOMOVE | SWP_NOZORDER);
+        const std::u16string cut = LineOf(hits, 0);
+        EXPECT_TRUE(cut.starts_with(u"Datenbank: Dateiname (DBFilename) = ddd"));
+        EXPECT_TRUE(cut.ends_with(u"d…"));
+        GetClientRect(hits, &inner);
+        EXPECT_LE(font.WidthOf(cut), inner.right);
         Close(window);
     });
 }
