@@ -30,9 +30,9 @@ IMPORTS = {
     "gdi32.dll": """
         BitBlt CreateCompatibleBitmap CreateCompatibleDC CreateDIBSection CreateFontIndirectA
         CreateFontIndirectW CreateFontW CreateSolidBrush DeleteDC DeleteObject GetDeviceCaps
-        GetObjectW GetStockObject GetTextExtentPoint32A GetTextExtentPoint32W GetTextMetricsW
-        PatBlt SelectObject SetBkColor SetBkMode SetStretchBltMode SetTextColor StretchBlt
-        TextOutW
+        GetObjectW GetStockObject GetTextExtentExPointW GetTextExtentPoint32A
+        GetTextExtentPoint32W GetTextMetricsW PatBlt SelectObject SetBkColor SetBkMode
+        SetStretchBltMode SetTextColor StretchBlt TextOutW
         """,
     "kernel32.dll": """
         CloseHandle CopyFileW CreateEventW CreateFileW CreateProcessW CreateSemaphoreW
