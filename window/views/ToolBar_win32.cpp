@@ -5,6 +5,7 @@
 #include "platform/win32/Dpi.h"
 #include "platform/win32/WideText.h"
 #include "window/formviews/ChildControl_win32.h"
+#include "window/formviews/FontOnScreen_win32.h"
 #include "window/views/MenuBar_win32.h"
 
 namespace tarvex {
@@ -12,14 +13,14 @@ namespace tarvex {
 namespace {
 
 // Around a caption, both sides together, at kNormalDpi.
-constexpr int kAcross = 14;
-constexpr int kDown = 6;
+constexpr int kAcross = 16;
+constexpr int kDown = 8;
 
 }  // namespace
 
 bool ToolBar::Create(HWND window) {
     constexpr DWORD kStyle =
-        WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN;
+        WS_VISIBLE | TBSTYLE_FLAT | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN;
     bar_ = CreateChild(window, L"ToolbarWindow32", u"Werkzeuge", kStyle);
     if (bar_ == nullptr) {
         return false;
@@ -34,16 +35,26 @@ void ToolBar::SetFont(HFONT font, int dpi) {
     while (SendMessageW(bar_, TB_DELETEBUTTON, 0, 0) != FALSE) {
     }
     SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    SendMessageW(bar_, TB_SETPADDING, 0, MAKELPARAM(Scaled(kAcross, dpi), Scaled(kDown, dpi)));
+    const FontOnScreen screen(font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen.Get(), &metrics);
+    SendMessageW(bar_, TB_SETBUTTONSIZE, 0,
+                 MAKELPARAM(0, static_cast<int>(metrics.tmHeight) + Scaled(kDown, dpi)));
     for (const MenuEntry& entry : ToolButtons()) {
         const std::u16string caption(entry.caption);
         TBBUTTON button{};
         button.iBitmap = I_IMAGENONE;
         button.idCommand = kCommandIds + static_cast<int>(entry.command);
         button.fsState = TBSTATE_ENABLED;
-        button.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE | BTNS_SHOWTEXT;
+        button.fsStyle = BTNS_BUTTON;
         button.iString = reinterpret_cast<INT_PTR>(Wide(caption));
         SendMessageW(bar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+        TBBUTTONINFOW size{};
+        size.cbSize = sizeof(size);
+        size.dwMask = TBIF_SIZE;
+        size.cx = static_cast<WORD>(screen.WidthOf(caption) + Scaled(kAcross, dpi));
+        SendMessageW(bar_, TB_SETBUTTONINFOW, static_cast<WPARAM>(button.idCommand),
+                     reinterpret_cast<LPARAM>(&size));
     }
 }
 

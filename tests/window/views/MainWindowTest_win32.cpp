@@ -118,6 +118,27 @@ TEST_F(MainWindowTest, NothingOnAnyPageIsCut) {
     }
 }
 
+TEST_F(MainWindowTest, DistanceOfTheToolBarsCaptionsGrowsWithTheResolution) {
+    for (const int dpi : {96, 192}) {
+        SCOPED_TRACE(dpi);
+        Run([dpi](HWND window) {
+            const RECT bounds = {0, 0, Scaled(800, dpi), Scaled(560, dpi)};
+            SendMessageW(window, kDpiChanged, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+                         reinterpret_cast<LPARAM>(&bounds));
+            const HWND bar = FindWindowExW(window, nullptr, L"ToolbarWindow32", nullptr);
+            const FontOnScreen font(reinterpret_cast<HFONT>(SendMessageW(bar, WM_GETFONT, 0, 0)));
+            WPARAM index = 0;
+            for (const MenuEntry& entry : ToolButtons()) {
+                RECT button{};
+                SendMessageW(bar, TB_GETITEMRECT, index++, reinterpret_cast<LPARAM>(&button));
+                EXPECT_EQ(button.right - button.left,
+                          font.WidthOf(entry.caption) + Scaled(16, dpi));
+            }
+            Close(window);
+        });
+    }
+}
+
 TEST_F(MainWindowTest, EveryControlHasAName) {
     Run([](HWND window) {
         ASSERT_TRUE(Shows(window, kFieldAppName));
