@@ -7,8 +7,8 @@
 namespace tarvex {
 namespace {
 
-std::vector<FormRow> MakeRows() {
-    return {
+std::vector<FormRow> MakeRows(bool hasFiles) {
+    std::vector<FormRow> rows = {
         {.kind = RowKind::Heading, .label = u"Startprogramme für Access-Datenbanken"},
         {.kind = RowKind::Buttons,
          .id = StartPageForm::kButtons,
@@ -16,31 +16,36 @@ std::vector<FormRow> MakeRows() {
          .buttons = {{StartPageForm::kNew, u"&Neues Startprogramm"},
                      {StartPageForm::kOpen, u"Ö&ffnen…"},
                      {StartPageForm::kImport, u"Einstellungsdatei &importieren…"}}},
-        {.kind = RowKind::List,
-         .id = StartPageForm::kRecent,
-         .label = u"&Zuletzt verwendet",
-         .grows = true,
-         .buttons = {{StartPageForm::kOpenRecent, u"Öffn&en", u"Zuletzt verwendete Datei öffnen",
-                      ButtonKey::Enter},
-                     {StartPageForm::kForget, u"Aus der &Liste entfernen", {}, ButtonKey::Delete}},
-         .columns = {u"Datei", u"Ordner"}},
-        {.kind = RowKind::Text,
-         .id = StartPageForm::kNothingYet,
-         .label = u"Noch wurde keine Datei verwendet."},
-    };
+        {.kind = RowKind::Text, .id = StartPageForm::kNothingYet, .label = {}}};
+    // A list takes long to make.
+    if (hasFiles) {
+        rows.push_back(
+            {.kind = RowKind::List,
+             .id = StartPageForm::kRecent,
+             .label = u"&Zuletzt verwendet",
+             .grows = true,
+             .buttons =
+                 {{StartPageForm::kOpenRecent, u"Öffn&en", u"Zuletzt verwendete Datei öffnen",
+                   ButtonKey::Enter},
+                  {StartPageForm::kForget, u"Aus der &Liste entfernen", {}, ButtonKey::Delete}},
+             .columns = {u"Datei", u"Ordner"}});
+    }
+    return rows;
 }
 
 }  // namespace
 
 StartPageForm::StartPageForm(FileCommands& commands, std::function<void(FileResult)> finished)
-    : commands_(commands), finished_(std::move(finished)), rows_(MakeRows()) {}
+    : commands_(commands),
+      finished_(std::move(finished)),
+      paths_(commands.Recent().Paths()),
+      rows_(MakeRows(!paths_.empty())) {}
 
 RowState StartPageForm::State(std::int32_t id) const {
     RowState state;
-    const std::vector<std::u16string> paths = commands_.Recent().Paths();
     if (id == kRecent) {
-        state.visible = !paths.empty();
-        for (const std::u16string& path : paths) {
+        state.visible = !paths_.empty();
+        for (const std::u16string& path : paths_) {
             state.items.push_back(
                 {std::u16string(FileNamePart(path)), std::u16string(FolderPart(path))});
         }
@@ -49,8 +54,8 @@ RowState StartPageForm::State(std::int32_t id) const {
             state.disabledButtons = {kOpenRecent, kForget};
         }
     } else if (id == kNothingYet) {
-        state.visible = paths.empty();
-        state.text = rows_.back().label;
+        state.visible = paths_.empty();
+        state.text = u"Noch wurde keine Datei verwendet.";
     }
     return state;
 }
@@ -75,6 +80,7 @@ void StartPageForm::Press(std::int32_t buttonId) {
             break;
         case kForget:
             commands_.Recent().Remove(chosen);
+            paths_ = commands_.Recent().Paths();
             break;
         default:
             break;
@@ -82,9 +88,8 @@ void StartPageForm::Press(std::int32_t buttonId) {
 }
 
 std::u16string StartPageForm::Chosen() const {
-    const std::vector<std::u16string> paths = commands_.Recent().Paths();
     const auto index = static_cast<std::size_t>(selected_);
-    return selected_ >= 0 && index < paths.size() ? paths[index] : std::u16string();
+    return selected_ >= 0 && index < paths_.size() ? paths_[index] : std::u16string();
 }
 
 }  // namespace tarvex

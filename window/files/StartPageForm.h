@@ -10,7 +10,8 @@
 
 namespace tarvex {
 
-/// What the window shows while it has no document.
+/// What the window shows while it has no document. It lists the last files as they were when it was
+/// made, but for those that the user takes off the list here.
 class StartPageForm : public FormModel {
 public:
     static constexpr std::int32_t kButtons = 100;
@@ -37,6 +38,7 @@ private:
 
     FileCommands& commands_;
     std::function<void(FileResult)> finished_;
+    std::vector<std::u16string> paths_;  // of the last files
     std::vector<FormRow> rows_;
     std::int32_t selected_ = 0;
 };
