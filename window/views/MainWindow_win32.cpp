@@ -249,15 +249,15 @@ bool MainWindow::CreateControls() {
     form_.onFailure = [this](std::exception_ptr failure) {
         Do([&failure] { std::rethrow_exception(failure); });
     };
-    if (!toolBar_.Create(window) || !form_.Create(window, dpi_, true)) {
+    if (!form_.Create(window, dpi_, true)) {
         return false;
     }
     status_ =
         CreateChild(window, L"msctls_statusbar32", u"", WS_VISIBLE | SBARS_SIZEGRIP, kStatusId);
     SetFonts(WindowDpi(window));
-    Refresh();
     // A window that is shown by its place in the stack hears of its size only when that changes.
     PlaceControls();
+    Refresh();
     return status_ != nullptr;
 }
 
@@ -265,6 +265,7 @@ bool MainWindow::CreateControls() {
 void MainWindow::CreateDocumentParts() {
     const HWND window = Window();
     hasDocumentParts_ =
+        toolBar_.Create(window) &&
         search_.Create(window,
                        {[this](const std::u16string& text) { return model_.Find(text); },
                         [this](std::size_t hit) { Do([this, hit] { model_.GoToHit(hit); }); }}) &&
@@ -289,8 +290,8 @@ void MainWindow::SetFonts(int dpi) {
     dpi_ = dpi;
     auto fonts = std::make_unique<FormFonts>(dpi);
     const HFONT normal = fonts->Font(FormFont::Normal);
-    toolBar_.SetFont(normal, dpi);
     if (hasDocumentParts_) {
+        toolBar_.SetFont(normal, dpi);
         search_.SetFont(normal, dpi);
         pages_.SetFont(normal, dpi);
         pane_.SetFonts(normal, fonts->Font(FormFont::Fixed));
@@ -316,15 +317,8 @@ void MainWindow::PlaceControls() {
     GetClientRect(Window(), &inner);
     const auto width = static_cast<int>(inner.right);
     const int bottom = AreaBelowPages();
-    const int gap = Scaled(kGap, dpi_);
-    const SIZE tools = toolBar_.Size();
-    const int searchHeight = fonts_->LineHeight(FormFont::Normal) + Scaled(2 * kSearchBorder, dpi_);
-    const int barHeight = std::max(static_cast<int>(tools.cy), searchHeight) + gap;
-    const int toolsTop = (barHeight - static_cast<int>(tools.cy)) / 2;
-    toolBar_.Place({gap, toolsTop, gap + tools.cx, toolsTop + tools.cy});
-    const int searchTop = (barHeight - searchHeight) / 2;
     if (hasDocumentParts_) {
-        search_.Place({gap + tools.cx, searchTop, width - gap, searchTop + searchHeight});
+        const int barHeight = PlaceBars(width);
         const int pagesWidth = Scaled(kPagesWidth, dpi_);
         const int splitterHeight = Scaled(kSplitterHeight, dpi_);
         const int paneTop = bottom - PaneHeight(bottom - barHeight);
@@ -335,10 +329,23 @@ void MainWindow::PlaceControls() {
             model_.IsPreviewFolded() ? RECT{} : RECT{0, paneTop - splitterHeight, width, paneTop});
         pane_.Place({0, paneTop, width, bottom}, dpi_);
     } else {
-        MoveWindow(form_.Window(), 0, barHeight, width, bottom - barHeight, TRUE);
+        MoveWindow(form_.Window(), 0, 0, width, bottom, TRUE);
     }
     RedrawWindow(Window(), nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+/// Tool bar and search box, on one line. Returns the height that they take.
+int MainWindow::PlaceBars(int width) {
+    const int gap = Scaled(kGap, dpi_);
+    const SIZE tools = toolBar_.Size();
+    const int searchHeight = fonts_->LineHeight(FormFont::Normal) + Scaled(2 * kSearchBorder, dpi_);
+    const int height = std::max(static_cast<int>(tools.cy), searchHeight) + gap;
+    const int toolsTop = (height - static_cast<int>(tools.cy)) / 2;
+    toolBar_.Place({gap, toolsTop, gap + tools.cx, toolsTop + tools.cy});
+    const int searchTop = (height - searchHeight) / 2;
+    search_.Place({gap + tools.cx, searchTop, width - gap, searchTop + searchHeight});
+    return height;
 }
 
 int MainWindow::PaneHeight(int available) const {
@@ -378,8 +385,8 @@ void MainWindow::Refresh() {
     } else {
         form_.Refresh();
     }
-    toolBar_.Enable([this](Command command) { return model_.IsEnabled(command); });
     if (hasDocumentParts_) {
+        toolBar_.Enable([this](Command command) { return model_.IsEnabled(command); });
         pages_.Show(model_.PageLines(), static_cast<int>(model_.CurrentPage()));
         pane_.Show(model_.Pane());
         if (isNew || model_.IsPreviewFolded() != shownFolded_) {

@@ -45,6 +45,7 @@ private:
     void KeepPlace();
     void SetFonts(int dpi);
     void PlaceControls();
+    int PlaceBars(int width);
     int AreaBelowPages() const;
     int PaneHeight(int available) const;
     LRESULT PaintBackground(HDC dc) const;
