@@ -82,6 +82,12 @@ COLORREF QuietTextColour() {
                mix(GetBValue(text), GetBValue(back)));
 }
 
+/// What the control itself does with a message.
+LRESULT CallControl(HWND control, UINT message, WPARAM first, LPARAM second) {
+    return CallWindowProcW(reinterpret_cast<WNDPROC>(GetWindowLongPtrW(control, GWLP_USERDATA)),
+                           control, message, first, second);
+}
+
 }  // namespace
 
 void FormView::Undo() {
@@ -96,8 +102,7 @@ void FormView::Undo() {
     Tell([&] { done = model_->Undo(id); });
     if (!done && isEdit && IsWindow(focus) != FALSE) {
         // Not through the listener, which would come here again.
-        CallWindowProcW(reinterpret_cast<WNDPROC>(GetWindowLongPtrW(focus, GWLP_USERDATA)), focus,
-                        EM_UNDO, 0, 0);
+        CallControl(focus, EM_UNDO, 0, 0);
     }
 }
 
@@ -287,9 +292,7 @@ std::optional<LRESULT> FormView::HandleControlMessage(HWND control, UINT message
     const bool isEdit = isMain && IsEditKind(kind);
     switch (message) {
         case WM_GETDLGCODE: {
-            LRESULT code = CallWindowProcW(
-                reinterpret_cast<WNDPROC>(GetWindowLongPtrW(control, GWLP_USERDATA)), control,
-                message, first, second);
+            LRESULT code = CallControl(control, message, first, second);
             if (isMain && (kind == RowKind::Lines || kind == RowKind::Output)) {
                 // Tab moves on, Esc cancels, and nothing is selected on the way.
                 code &= ~(DLGC_WANTALLKEYS | DLGC_WANTTAB | DLGC_HASSETSEL);
@@ -302,6 +305,15 @@ std::optional<LRESULT> FormView::HandleControlMessage(HWND control, UINT message
         }
         case WM_SETFOCUS:
             ScrollIntoSight(*row);
+            return std::nullopt;
+        case WM_SETTEXT:
+            // Another program enters a text, an aid for reading and writing perhaps. Of all edit
+            // controls only those of several lines do not tell of it.
+            if (isMain && kind == RowKind::Lines && !showing_) {
+                const LRESULT result = CallControl(control, message, first, second);
+                OnCommand(EN_CHANGE, control);
+                return result;
+            }
             return std::nullopt;
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:

@@ -153,10 +153,6 @@ void Driver::SetText(const Action& action) {
                             limitMs_, &result) == 0) {
         throw StepFailure{u"timeout", u"the control did not take its text"};
     }
-    if ((control.style & ES_MULTILINE) != 0) {  // tells its parent of what is typed only
-        Deliver(GetParent(target), WM_COMMAND, MAKEWPARAM(static_cast<WORD>(control.id), EN_CHANGE),
-                reinterpret_cast<LPARAM>(target));
-    }
 }
 
 void Driver::Resize(const Action& action) {

@@ -171,6 +171,16 @@ TEST_F(FormViewTest, LinesTakeEnterAndLetTabMoveOn) {
     EXPECT_EQ(u"a\r\nb", form.states[1].text);
 }
 
+TEST_F(FormViewTest, LinesTellATextThatAnotherProgramEnters) {
+    form.rows = {{.kind = RowKind::Lines, .id = 1, .label = u"Text"}};
+    form.states[1].text = u"alt";
+    Show();
+    EXPECT_THAT(form.log, IsEmpty()) << "what the view itself shows is not told";
+    SetWindowTextW(Part(1), L"a\r\nb");
+    EXPECT_THAT(form.log, ElementsAre("Text 1 a\r\nb"));
+    EXPECT_EQ(1, changes);
+}
+
 TEST_F(FormViewTest, CheckBoxTellsBothItsStates) {
     form.rows = {{.kind = RowKind::Check, .id = 1, .label = u"&Exklusiv"}};
     Show();
