@@ -9,7 +9,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr UINT kSelected = WM_APP + 1;  // a list has another chosen line; second: the list
+constexpr UINT kSelected = WM_APP + 1;  // a list has another chosen line
 constexpr WPARAM kEndOfTransmission = 0x1F;
 
 bool IsDown(int key) {
@@ -136,10 +136,19 @@ void FormView::Press(HWND button) {
 }
 
 void FormView::OnSelected(FormControls& row) {
+    if (selecting_ == row.Control()) {
+        selecting_ = nullptr;
+    }
     const std::int32_t line = row.Selected();
     if (line != row.Shown().selected) {
         const std::int32_t id = row.Row().id;
         Tell([&] { model_->Select(id, line); });
+    }
+}
+
+void FormView::TakeSelection() {
+    if (FormControls* const row = RowOf(selecting_)) {
+        OnSelected(*row);
     }
 }
 
@@ -194,7 +203,8 @@ LRESULT FormView::OnNotify(const NMHDR& header) {
         const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
         if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0) {
             // The line before is given up first, the new one chosen then: later is the result.
-            PostMessageW(window_, kSelected, 0, reinterpret_cast<LPARAM>(header.hwndFrom));
+            selecting_ = header.hwndFrom;
+            PostMessageW(window_, kSelected, 0, 0);
         }
     } else if (header.code == static_cast<UINT>(NM_DBLCLK)) {
         const HWND button = row->ButtonFor(ButtonKey::Enter);
@@ -439,13 +449,9 @@ LRESULT FormView::OnMessage(UINT message, WPARAM first, LPARAM second) {
         }
         case WM_NOTIFY:
             return OnNotify(*reinterpret_cast<const NMHDR*>(second));
-        case kSelected: {
-            FormControls* const row = RowOf(reinterpret_cast<HWND>(second));
-            if (row != nullptr) {
-                OnSelected(*row);
-            }
+        case kSelected:
+            TakeSelection();
             return 0;
-        }
         case WM_VSCROLL:
             OnScroll(LOWORD(first));
             return 0;

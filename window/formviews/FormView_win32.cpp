@@ -65,6 +65,7 @@ void FormView::SetModel(FormModel* model) {
         DestroyWindow(child);
     }
     states_.clear();
+    selecting_ = nullptr;
     rows_ = model == nullptr ? std::vector<FormRow>() : model->Rows();
     for (const FormRow& row : rows_) {
         controls_.emplace_back(row, window_, *fonts_);
@@ -77,6 +78,8 @@ void FormView::SetModel(FormModel* model) {
 
 void FormView::Refresh() {
     if (model_ != nullptr && window_ != nullptr) {
+        // The model's line would be shown instead of the one that the user has just chosen.
+        TakeSelection();
         const HWND focus = GetFocus();
         ShowStates();
         KeepFocus(focus);

@@ -77,6 +77,7 @@ private:
     bool OnKey(FormControls& row, HWND control, WPARAM key, bool alt);
     bool WantsKey(const FormControls& row, HWND control, const MSG& message) const;
     void OnSelected(FormControls& row);
+    void TakeSelection();
     void OnScroll(int code);
     LRESULT OnWheel(WPARAM first);
     HBRUSH OnColour(HDC dc, HWND control) const;
@@ -110,6 +111,7 @@ private:
     std::vector<FormRow> rows_;
     std::list<FormControls> controls_;
     std::vector<RowState> states_;
+    HWND selecting_ = nullptr;  // a list whose chosen line the model does not know yet
     int scrolled_ = 0;
     int height_ = 0;        // of the form
     bool showing_ = false;  // what controls tell is about what the view itself does

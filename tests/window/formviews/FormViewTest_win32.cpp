@@ -327,6 +327,18 @@ TEST_F(FormViewList, ListFollowsTheModel) {
     EXPECT_THAT(form.log, IsEmpty());
 }
 
+TEST_F(FormViewList, ChosenLineIsNotLostWhenTheStateIsShownAgainBeforeItIsTold) {
+    Show();
+    LVITEMW chosen{};
+    chosen.state = chosen.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    Ask(LVM_SETITEMSTATE, 2, reinterpret_cast<LPARAM>(&chosen));
+    view.Refresh();
+    EXPECT_EQ(2, Selected());
+    Pump();
+    EXPECT_EQ(2, Selected());
+    EXPECT_THAT(form.log, ElementsAre("Select 1 2"));
+}
+
 TEST_F(FormViewList, ChosenLineIsToldOnce) {
     Show();
     Focus(1);
