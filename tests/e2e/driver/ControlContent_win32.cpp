@@ -91,13 +91,9 @@ struct BoxMessages {
     UINT length;
     UINT text;
     UINT selected;
-    UINT select;
-    WORD changed;
 };
-constexpr BoxMessages kCombo = {CB_GETCOUNT,  CB_GETLBTEXTLEN, CB_GETLBTEXT,
-                                CB_GETCURSEL, CB_SETCURSEL,    CBN_SELCHANGE};
-constexpr BoxMessages kListBox = {LB_GETCOUNT,  LB_GETTEXTLEN, LB_GETTEXT,
-                                  LB_GETCURSEL, LB_SETCURSEL,  LBN_SELCHANGE};
+constexpr BoxMessages kCombo = {CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_GETCURSEL};
+constexpr BoxMessages kListBox = {LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT, LB_GETCURSEL};
 
 const BoxMessages* MessagesOf(const Control& control) {
     if (control.className == u"ComboBox") {
@@ -169,10 +165,15 @@ bool SelectLine(void* process, const Control& control, std::int32_t line) {
     if (box == nullptr) {
         return false;
     }
-    Ask(control.handle, box->select, index);
-    Deliver(GetParent(control.handle), WM_COMMAND,
-            MAKEWPARAM(static_cast<WORD>(control.id), box->changed),
-            reinterpret_cast<LPARAM>(control.handle));
+    const LRESULT before = Ask(control.handle, box->selected);
+    if (line >= Ask(control.handle, box->count)) {
+        return false;
+    }
+    // By keys: each chooses a line and tells the window in one. Between a line that is only set and
+    // the word of it the window may have shown the old one again.
+    for (LRESULT step = before; step != line; step += before < line ? 1 : -1) {
+        Deliver(control.handle, WM_KEYDOWN, before < line ? VK_DOWN : VK_UP, 0);
+    }
     return true;
 }
 
