@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# test-e2e.sh RESULTS [PYTEST-ARGS ...]: the end-to-end tests over the programs in dist/, in six parts
-# side by side: they wait for windows most of the time. One more part runs those about 64-bit Windows
-# and a sample of the others in the prefix of one. Each part has a Wine session of its own. Leaves
-# RESULTS/e2e-PART.xml (JUnit).
+# test-e2e.sh RESULTS [timed] [PYTEST-ARGS ...]: the end-to-end tests over the programs in dist/, in
+# six parts side by side: they wait for windows most of the time. One more part runs those about
+# 64-bit Windows and a sample of the others in the prefix of one. Each part has a Wine session of its
+# own. With `timed` only the tests that compare times, which the others leave out: they want a machine
+# that does nothing else. Leaves RESULTS/e2e-PART.xml (JUnit).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 results=$1
@@ -24,10 +25,15 @@ start() { # part PYTEST-ARGS ...
     running+=("$!")
     parts+=("$part")
 }
-TARVEX_WINE_ARCH=win64 start win64 -m "win64 or also_win64" "$@"
-for ((shard = 1; shard <= shards; ++shard)); do
-    start "$shard" --shard "$shard/$shards" "$@"
-done
+if [ "${1:-}" = timed ]; then
+    shift
+    start timed -m timed "$@"
+else
+    TARVEX_WINE_ARCH=win64 start win64 -m "win64 or also_win64" "$@"
+    for ((shard = 1; shard <= shards; ++shard)); do
+        start "$shard" --shard "$shard/$shards" -m "not timed" "$@"
+    done
+fi
 status=0
 for index in "${!running[@]}"; do
     # A part that could not even begin must not pass for one without tests.

@@ -83,6 +83,7 @@ group "cross-compiled, under Wine" \
 count_programs build/win32-tests
 group "end to end" wait "$endToEnd"
 cat "$results/e2e.log"
+group "times of starts" ./scripts/test-e2e.sh "$root/$results" timed
 for file in "$results"/e2e-*.xml; do
     count "$file"
 done

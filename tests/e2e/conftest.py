@@ -36,6 +36,7 @@ def pytest_configure(config):
     )
     config.addinivalue_line("markers", "win64: needs the prefix of a 64-bit Windows")
     config.addinivalue_line("markers", "also_win64: a sample that is run in such a prefix, too")
+    config.addinivalue_line("markers", "timed: compares times, so nothing else should run meanwhile")
     missing = [name for name in ("WINEPREFIX", "DISPLAY") if not os.environ.get(name)]
     if missing:
         raise pytest.UsageError(
