@@ -50,7 +50,7 @@ void SearchBox::Place(const RECT& row) {
     MoveWindow(edit_, left, row.top, Scaled(kBoxWidth, dpi_), height, TRUE);
     row_ = row;
     if (IsWindowVisible(list_) != FALSE) {
-        ShowHits();
+        ShowHits(SendMessageW(list_, LB_GETCURSEL, 0, 0));
     }
 }
 
@@ -120,14 +120,11 @@ void SearchBox::Find() {
         CloseList();
         return;
     }
-    ShowHits();
-    if (!hits_.empty()) {
-        SendMessageW(list_, LB_SETCURSEL, 0, 0);
-    }
+    ShowHits(hits_.empty() ? -1 : 0);
     ShowWindow(list_, SW_SHOWNA);
 }
 
-void SearchBox::ShowHits() {
+void SearchBox::ShowHits(LRESULT chosen) {
     const std::vector<std::u16string> lines =
         hits_.empty() ? std::vector<std::u16string>{u"Nichts gefunden"} : hits_;
     const auto count = static_cast<int>(lines.size());
@@ -140,7 +137,6 @@ void SearchBox::ShowHits() {
                        (count > kMostLines ? GetSystemMetrics(SM_CXVSCROLL) : 0);
     const int most = static_cast<int>(row_.right) - Scaled(kGap, dpi_);
     const int width = std::min(std::max(needed + around, Scaled(kListWidth, dpi_)), most);
-    const LRESULT chosen = SendMessageW(list_, LB_GETCURSEL, 0, 0);
     SendMessageW(list_, LB_RESETCONTENT, 0, 0);
     for (const std::u16string& line : lines) {
         SendMessageW(list_, LB_ADDSTRING, 0,

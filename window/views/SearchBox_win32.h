@@ -45,7 +45,7 @@ public:
 private:
     void Find();
     void Choose();
-    void ShowHits();
+    void ShowHits(LRESULT chosen);
 
     Events events_;
     HWND label_ = nullptr;

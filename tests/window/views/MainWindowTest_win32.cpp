@@ -198,6 +198,20 @@ TEST_F(MainWindowTest, SearchLeadsToTheField) {
     });
 }
 
+TEST_F(MainWindowTest, NothingFoundCannotBeChosen) {
+    Run([](HWND window) {
+        ASSERT_TRUE(Shows(window, kFieldAppName));
+        Do(window, Command::Search);
+        SetWindowTextW(GetDlgItem(window, kSearchId), L"Pfad");
+        const HWND hits = GetDlgItem(window, kSearchHitsId);
+        EXPECT_EQ(SendMessageW(hits, LB_GETCURSEL, 0, 0), 0);
+        SetWindowTextW(GetDlgItem(window, kSearchId), L"gibt es nicht");
+        EXPECT_EQ(LineOf(hits, 0), u"Nichts gefunden");
+        EXPECT_EQ(SendMessageW(hits, LB_GETCURSEL, 0, 0), -1);
+        Close(window);
+    });
+}
+
 TEST_F(MainWindowTest, FoundLinesAreNotCut) {
     dialogs.answers = {1};  // not to be saved
     Run([](HWND window) {
