@@ -122,6 +122,7 @@ TEST_F(MainWindowTest, DistanceOfTheToolBarsCaptionsGrowsWithTheResolution) {
     for (const int dpi : {96, 192}) {
         SCOPED_TRACE(dpi);
         Run([dpi](HWND window) {
+            ASSERT_TRUE(Shows(window, kFieldAppName));
             const RECT bounds = {0, 0, Scaled(800, dpi), Scaled(560, dpi)};
             SendMessageW(window, kDpiChanged, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
                          reinterpret_cast<LPARAM>(&bounds));
