@@ -11,6 +11,7 @@
 #include "window/keylist/PresetsForm.h"
 
 namespace tarvex {
+
 FileResult FileCommands::New(const Document* open) {
     if (open != nullptr) {
         return InNewWindow(kNewArgument, {});

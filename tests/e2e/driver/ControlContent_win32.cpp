@@ -166,7 +166,7 @@ bool SelectLine(void* process, const Control& control, std::int32_t line) {
         return false;
     }
     const LRESULT before = Ask(control.handle, box->selected);
-    if (line >= Ask(control.handle, box->count)) {
+    if (before < 0 || line >= Ask(control.handle, box->count)) {
         return false;
     }
     // By keys: each chooses a line and tells the window in one. Between a line that is only set and
