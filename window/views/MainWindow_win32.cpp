@@ -282,7 +282,7 @@ void MainWindow::CreateDocumentParts() {
         throw std::runtime_error("no more windows");
     }
     worker_.emplace(window, kPreviewDone, RunSystemPreview);
-    SetFonts(dpi_);
+    SetDocumentFonts(*fonts_);
     SetTimer(window, kTimer, kTick, nullptr);
 }
 
@@ -291,17 +291,22 @@ void MainWindow::SetFonts(int dpi) {
     auto fonts = std::make_unique<FormFonts>(dpi);
     const HFONT normal = fonts->Font(FormFont::Normal);
     if (hasDocumentParts_) {
-        toolBar_.SetFont(normal, dpi);
-        search_.SetFont(normal, dpi);
-        pages_.SetFont(normal, dpi);
-        pane_.SetFonts(normal, fonts->Font(FormFont::Fixed));
-        labelColumn_ = CommonLabelColumn(*fonts);
+        SetDocumentFonts(*fonts);
     }
     SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(normal), TRUE);
     SendMessageW(status_, WM_SIZE, 0, 0);
     form_.SetDpi(dpi);
     // A control uses its font until it has got another one, so the old ones go last.
     fonts_ = std::move(fonts);
+}
+
+void MainWindow::SetDocumentFonts(const FormFonts& fonts) {
+    const HFONT normal = fonts.Font(FormFont::Normal);
+    toolBar_.SetFonts(fonts);
+    search_.SetFont(normal, fonts.Dpi());
+    pages_.SetFont(normal, fonts.Dpi());
+    pane_.SetFonts(normal, fonts.Font(FormFont::Fixed));
+    labelColumn_ = CommonLabelColumn(fonts);
 }
 
 int MainWindow::AreaBelowPages() const {

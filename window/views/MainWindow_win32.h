@@ -44,6 +44,7 @@ private:
     RECT StartPlace(const std::optional<WindowPlace>& kept) const;
     void KeepPlace();
     void SetFonts(int dpi);
+    void SetDocumentFonts(const FormFonts& fonts);
     void PlaceControls();
     int PlaceBars(int width);
     int AreaBelowPages() const;

@@ -2,10 +2,8 @@
 
 #include <vector>
 
-#include "platform/win32/Dpi.h"
 #include "platform/win32/WideText.h"
 #include "window/formviews/ChildControl_win32.h"
-#include "window/formviews/FontOnScreen_win32.h"
 #include "window/views/MenuBar_win32.h"
 
 namespace tarvex {
@@ -30,16 +28,13 @@ bool ToolBar::Create(HWND window) {
     return true;
 }
 
-void ToolBar::SetFont(HFONT font, int dpi) {
+void ToolBar::SetFonts(const FormFonts& fonts) {
     // The buttons are made anew: they keep the size that their captions had.
     while (SendMessageW(bar_, TB_DELETEBUTTON, 0, 0) != FALSE) {
     }
-    SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    const FontOnScreen screen(font);
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(screen.Get(), &metrics);
+    SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Font(FormFont::Normal)), TRUE);
     SendMessageW(bar_, TB_SETBUTTONSIZE, 0,
-                 MAKELPARAM(0, static_cast<int>(metrics.tmHeight) + Scaled(kDown, dpi)));
+                 MAKELPARAM(0, fonts.LineHeight(FormFont::Normal) + fonts.Scaled(kDown)));
     for (const MenuEntry& entry : ToolButtons()) {
         const std::u16string caption(entry.caption);
         TBBUTTON button{};
@@ -52,7 +47,8 @@ void ToolBar::SetFont(HFONT font, int dpi) {
         TBBUTTONINFOW size{};
         size.cbSize = sizeof(size);
         size.dwMask = TBIF_SIZE;
-        size.cx = static_cast<WORD>(screen.WidthOf(caption) + Scaled(kAcross, dpi));
+        size.cx =
+            static_cast<WORD>(fonts.TextWidth(FormFont::Normal, caption) + fonts.Scaled(kAcross));
         SendMessageW(bar_, TB_SETBUTTONINFOW, static_cast<WPARAM>(button.idCommand),
                      reinterpret_cast<LPARAM>(&size));
     }

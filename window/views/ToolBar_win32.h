@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "platform/win32/WindowsApi.h"
+#include "window/formviews/FormFonts_win32.h"
 #include "window/main/Menu.h"
 
 namespace tarvex {
@@ -12,7 +13,7 @@ namespace tarvex {
 class ToolBar {
 public:
     bool Create(HWND window);
-    void SetFont(HFONT font, int dpi);
+    void SetFonts(const FormFonts& fonts);
 
     /// Its size in pixels, which depends on the font.
     SIZE Size() const;
