@@ -16,6 +16,7 @@ COMMANDS = {name: 100 + number for number, name in enumerate(_names)}
 
 # Controls of the main window.
 PC, LINE, TEXT, FINDINGS, FINDINGS_BUTTON, PAGES, SEARCH, HITS, STATUS = range(401, 410)
+KEPT = r"HKEY_CURRENT_USER\Software\Tarvex\Konfiguration"  # what the window keeps
 MAIN = "class=TarvexMain"
 DIALOG = "class=TarvexDialog"
 SYSTEM_DIALOG = "class=#32770"

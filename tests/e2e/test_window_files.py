@@ -13,7 +13,7 @@ import pytest
 import brandfile
 import configurator
 import launcher
-from configwindow import OK, ConfigWindow
+from configwindow import KEPT, OK, ConfigWindow
 from test_window_fields import stored
 
 SAMPLES = pathlib.Path(__file__).parents[2] / "samples" / "kunden"
@@ -343,17 +343,16 @@ class TestClosing:
 
 
 def test_place_and_last_files_are_kept_in_the_registry_and_nothing_secret(world, window):
-    key = r"HKEY_CURRENT_USER\Software\Tarvex\Konfiguration"
-    launcher.wine("reg", "delete", key, "/f", check=False)
+    launcher.wine("reg", "delete", KEPT, "/f", check=False)
     window.page("Arbeitsgruppe")
     window.enter("Pwd", "Neu/Geheim")
     window.save()
     window.close()
     assert window.ended() == 0
     file = world.work / "kept.reg"
-    launcher.wine("reg", "export", key, launcher.windows_path(file), "/y")
+    launcher.wine("reg", "export", KEPT, launcher.windows_path(file), "/y")
     head, *values = file.read_bytes().decode("utf-16").strip().split("\r\n")[2:]
-    assert head == f"[{key}]"
+    assert head == f"[{KEPT}]"
     values = dict(value.split("=") for value in values if value)
     assert values.pop('"Datei1"') == '"' + world.exe.replace("\\", "\\\\") + '"'
     assert re.fullmatch(r'"-?\d+,-?\d+,\d+,\d+"', values.pop('"Fenster"'))

@@ -12,7 +12,7 @@ import pytest
 import configurator
 import launcher
 import randomworld
-from configwindow import OK, PAGES, PC, REVEAL, SYSTEM_DIALOG, TEXT, ConfigWindow, row
+from configwindow import KEPT, OK, PAGES, PC, REVEAL, SYSTEM_DIALOG, TEXT, ConfigWindow, row
 from test_simulation import SAMPLES, Sample, assert_same
 
 FIRST = 1001  # of the worlds: others than test_simulation.py draws
@@ -111,7 +111,7 @@ def described_pcs(world):
     desktop = users / user / "Desktop"
     desktop.mkdir(exist_ok=True)
     copies = [shutil.copy(file, desktop) for file in sorted((SAMPLES / "pcs").iterdir())]
-    value = [r"HKCU\Software\Tarvex\Konfiguration", "/v", "PCs", "/f"]
+    value = [KEPT, "/v", "PCs", "/f"]
     with world.screen(()):
         launcher.wine("reg", "add", *value, "/d", rf"C:\users\{user}\Desktop")
         yield

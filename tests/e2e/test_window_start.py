@@ -5,13 +5,13 @@ import statistics
 import pytest
 
 import launcher
+from configwindow import KEPT
 
 pytestmark = [pytest.mark.xdist_group("foreground"), pytest.mark.timed]
 
 ROUNDS = 15
 TRIES = 3
 LARGEST_RATIO = 1.5
-KEPT = r"HKEY_CURRENT_USER\Software\Tarvex\Konfiguration"
 
 
 def start_time(world, program, title):
@@ -28,7 +28,7 @@ def kept_files(request, world):
     launcher.wine("reg", "delete", KEPT, "/f", check=False)
     files = {f"Datei{i + 1}": rf"C:\Kunden {i}\Kunden.exe" for i in range(request.param)}
     world.registry(files, KEPT)
-    yield files
+    yield
     world.remove_keys(KEPT)
 
 
